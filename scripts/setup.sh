@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Installs every Debian package Mervak needs to build, run and test. Safe to run again.
+set -euo pipefail
+
+packages=(
+  build-essential cmake ninja-build pkg-config clang-format clang
+  qt6-base-dev qt6-base-dev-tools qt6-serialport-dev qt6-multimedia-dev
+  libgl-dev libxkbcommon-dev
+  libx11-dev libxtst-dev libxdo-dev
+  libespeak-ng-dev espeak-ng-data
+  libgtest-dev libgmock-dev libbenchmark-dev
+  xvfb xauth openbox xterm x11-utils xdotool socat
+  sox espeak-ng pulseaudio
+  fonts-dejavu-core
+)
+
+missing=()
+for p in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+if [ ${#missing[@]} -eq 0 ]; then
+  echo "setup: every package is already installed"
+  exit 0
+fi
+
+sudo_cmd=()
+[ "$(id -u)" -eq 0 ] || sudo_cmd=(sudo)
+export DEBIAN_FRONTEND=noninteractive
+"${sudo_cmd[@]}" apt-get update -q
+"${sudo_cmd[@]}" apt-get install -y -q --no-install-recommends "${missing[@]}"

@@ -1,0 +1,60 @@
+#include "platform/PathResolver.h"
+
+#include "support/TestFiles.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace mervak {
+namespace {
+
+TEST(PathResolver, ConvertsStoredForms) {
+    EXPECT_EQ(toLocalPath("C:\\plant\\joc.mvw"), "/plant/joc.mvw");
+    EXPECT_EQ(toLocalPath("sons\\bell.wav"), "sons/bell.wav");
+    EXPECT_EQ(toLocalPath(" d:x "), "x");
+    EXPECT_TRUE(isAbsoluteStoredPath("C:\\a"));
+    EXPECT_TRUE(isAbsoluteStoredPath("\\a"));
+    EXPECT_TRUE(isAbsoluteStoredPath("/a"));
+    EXPECT_FALSE(isAbsoluteStoredPath("a\\b"));
+}
+
+class ResolveTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        QDir(root.path()).mkpath("Plant/Sons");
+        test::writeAll(root.filePath("Plant/Sons/Bell.WAV"), "RIFF");
+        test::writeAll(root.filePath("Plant/joc.mvw"), "x");
+    }
+    QString plant() const { return root.filePath("Plant"); }
+    QTemporaryDir root;
+};
+
+TEST_F(ResolveTest, FindsFilesWhateverTheirCaseAndForm) {
+    const QString bell = root.filePath("Plant/Sons/Bell.WAV");
+    struct Case {
+        QString stored;
+        QString expected;
+    };
+    const Case cases[] = {
+        {"Sons\\Bell.WAV", bell},
+        {"SONS\\BELL.WAV", bell},
+        {"sons/bell.wav", bell},
+        {"C:\\MERVAK\\PLANT\\SONS\\BELL.WAV", bell},
+        {"C:" + root.filePath("PLANT/SONS/BELL.WAV").replace('/', '\\'), bell},
+        {"JOC.MVW", root.filePath("Plant/joc.mvw")},
+        {"Sons\\missing.wav", plant() + "/Sons/missing.wav"},
+        {"", ""},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(resolveStoredPath(c.stored, plant()), c.expected) << c.stored.toStdString();
+}
+
+TEST_F(ResolveTest, CaseInsensitiveLookupPrefersTheExactName) {
+    test::writeAll(root.filePath("Plant/JOC.MVW"), "y");
+    EXPECT_EQ(findCaseInsensitive(root.filePath("Plant/JOC.MVW")), root.filePath("Plant/JOC.MVW"));
+    EXPECT_EQ(findCaseInsensitive(root.filePath("plant/nothing")), QString());
+}
+
+} // namespace
+} // namespace mervak
