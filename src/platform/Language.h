@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace mervak {
+
+// The language of the user interface. Forms are designed with Catalan captions;
+// Spanish is reached by translating them.
+enum class Language { Catalan, Spanish };
+
+// The "IDIOMA" setting: exactly "ESPAÑOL" gives Spanish; any other value,
+// "español" and "ESPANOL" included, gives Catalan.
+Language languageFromSetting(const QString& value);
+
+// The value stored for a language: "CATALA" or "ESPAÑOL".
+QString languageSettingValue(Language language);
+
+// The numbered user-interface text in the language: numbers 0..21, 39..44,
+// 72..74 and 101..116 have one; every other number gives the empty string.
+// Texts are kept exactly as they have always read, misspellings, doubled and
+// trailing blanks included. Message 6, the About text, starts with a lone
+// carriage return and separates its lines with CR LF.
+QString Message(Language language, int number);
+
+// The caption a control shows in the language: in Spanish, the partner of the
+// Catalan caption (compared exactly, "&" access-key marker and case included),
+// or the caption unchanged when the dictionary has no partner; in Catalan,
+// always the caption unchanged.
+QString TranslateCaption(Language language, const QString& catalanCaption);
+
+// The Catalan captions the dictionary knows, in dictionary order.
+QStringList captionKeys();
+
+} // namespace mervak
