@@ -1,0 +1,88 @@
+#include "platform/Settings.h"
+
+#include <QDir>
+#include <array>
+
+namespace mervak {
+
+namespace {
+
+const QString kSection = QStringLiteral("Mervak");
+constexpr int kBufferSize = 40;
+const std::array<QString, 6> kPortNames = {QStringLiteral("LPT1"), QStringLiteral("LPT2"),
+                                           QStringLiteral("COM1"), QStringLiteral("COM2"),
+                                           QStringLiteral("COM3"), QStringLiteral("COM4")};
+
+QString readText(const PrivateProfile& file, const QString& key, const QString& fallback) {
+    return file.readString(kSection, key, fallback, kBufferSize);
+}
+
+void readPort(const PrivateProfile& file, Settings& settings) {
+    const QString port = readText(file, QStringLiteral("Port"), QStringLiteral("AUTODETECT"));
+    for (std::size_t i = 0; i < kPortNames.size(); ++i)
+        if (port == kPortNames[i])
+            settings.portIndex = static_cast<int16_t>(i + 1);
+    if (port.startsWith(u'/'))
+        settings.portDevice = port;
+}
+
+} // namespace
+
+QString settingsFilePath(const QString& homeFolder) {
+    return QDir(homeFolder).filePath(QStringLiteral("MERVAK.INI"));
+}
+
+Settings readSettings(const PrivateProfile& file) {
+    Settings settings;
+    settings.language =
+        languageFromSetting(readText(file, QStringLiteral("IDIOMA"), QStringLiteral("CATALA")));
+    settings.model =
+        readText(file, QStringLiteral("Model"), QStringLiteral("DIL")).trimmed().toUpper();
+    readPort(file, settings);
+    settings.retardPort =
+        static_cast<int32_t>(file.readInteger(kSection, QStringLiteral("RetardPort"), 0));
+    const long long interval = file.readInteger(kSection, QStringLiteral("Interval"), 100);
+    settings.interval = interval == 0 ? 0 : 50;
+    settings.soundSetting = readText(file, QStringLiteral("So"), QStringLiteral("Si")).toUpper() ==
+                            QStringLiteral("SI");
+    return settings;
+}
+
+bool writeSettings(const PrivateProfile& file, const Settings& settings, QString* error) {
+    return file.writeStrings(kSection,
+                             {{QStringLiteral("Port"), portSettingValue(settings)},
+                              {QStringLiteral("RetardPort"), QString::number(settings.retardPort)},
+                              {QStringLiteral("Interval"), QString::number(settings.interval)},
+                              {QStringLiteral("So"), settings.soundSetting ? QStringLiteral("Si")
+                                                                           : QStringLiteral("No")}},
+                             error);
+}
+
+bool writeLanguage(const PrivateProfile& file, Language language, QString* error) {
+    return file.writeString(kSection, QStringLiteral("Idioma"), languageSettingValue(language),
+                            error);
+}
+
+QString portSettingValue(const Settings& settings) {
+    if (!settings.portDevice.isEmpty())
+        return settings.portDevice;
+    if (settings.portIndex >= PortIndex::Lpt1 && settings.portIndex <= PortIndex::Com4)
+        return kPortNames[settings.portIndex - 1];
+    return QStringLiteral("AUTODETECT");
+}
+
+QString serialDevicePath(const Settings& settings) {
+    if (!settings.portDevice.isEmpty())
+        return settings.portDevice;
+    if (settings.portIndex >= PortIndex::Com1 && settings.portIndex <= PortIndex::Com4)
+        return QStringLiteral("/dev/ttyS%1").arg(settings.portIndex - PortIndex::Com1);
+    return {};
+}
+
+QString portCaption(int16_t portIndex) {
+    if (portIndex >= PortIndex::Lpt1 && portIndex <= PortIndex::Com4)
+        return kPortNames[portIndex - 1];
+    return portIndex == PortIndex::Usb ? QStringLiteral("USB") : QStringLiteral("????");
+}
+
+} // namespace mervak

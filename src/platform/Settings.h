@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/Language.h"
+#include "platform/PrivateProfile.h"
+
+#include <QString>
+#include <cstdint>
+
+namespace mervak {
+
+// Port indexes as the configuration and the status captions number them.
+namespace PortIndex {
+constexpr int16_t AutoDetect = 0;
+constexpr int16_t Lpt1 = 1;
+constexpr int16_t Lpt2 = 2;
+constexpr int16_t Com1 = 3;
+constexpr int16_t Com4 = 6;
+constexpr int16_t Usb = 7;
+} // namespace PortIndex
+
+// The program's settings, section "Mervak" of MERVAK.INI, after the reading rules.
+struct Settings {
+    Language language = Language::Catalan;
+    QString model = QStringLiteral("DIL"); // trimmed and upper-cased
+    int16_t portIndex = PortIndex::AutoDetect;
+    QString portDevice; // a "Port" given as an absolute device path, kept as it stands
+    int32_t retardPort = 0;
+    int16_t interval = 50; // every non-zero value reads as 50 (kept on purpose)
+    bool soundSetting = true;
+};
+
+QString settingsFilePath(const QString& homeFolder);
+
+Settings readSettings(const PrivateProfile& file);
+
+// Writes back "Port", "RetardPort", "Interval" and "So" only, in one atomic write.
+bool writeSettings(const PrivateProfile& file, const Settings& settings, QString* error = nullptr);
+
+// The language menu's choice, stored as key "Idioma".
+bool writeLanguage(const PrivateProfile& file, Language language, QString* error = nullptr);
+
+// The "Port" value as written back: "COM1".."COM4", "LPT1", "LPT2", the device
+// path, or "AUTODETECT".
+QString portSettingValue(const Settings& settings);
+
+// The serial device a port index or path names: COM1..COM4 are /dev/ttyS0..3;
+// empty for auto-detect and the parallel ports.
+QString serialDevicePath(const Settings& settings);
+
+// The port as the status captions show it: "LPT1".."COM4", "USB", else "????".
+QString portCaption(int16_t portIndex);
+
+} // namespace mervak
