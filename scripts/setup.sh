@@ -9,7 +9,7 @@ packages=(
   libx11-dev libxtst-dev libxdo-dev
   libespeak-ng-dev espeak-ng-data
   libgtest-dev libgmock-dev libbenchmark-dev
-  xvfb xauth openbox xterm x11-utils xdotool socat
+  xvfb xauth openbox xterm x11-utils x11-apps xdotool socat imagemagick
   sox espeak-ng pulseaudio
   fonts-dejavu-core
 )
