@@ -1,0 +1,98 @@
+#pragma once
+
+#include "action/ActionPlatform.h"
+#include "action/ActionState.h"
+#include "action/CommandInterpreter.h"
+#include "action/RandomChoice.h"
+#include "action/RunnerStep.h"
+
+#include <QObject>
+#include <QStringList>
+#include <cstdint>
+#include <deque>
+#include <functional>
+
+namespace mervak {
+
+// Runs ActionTexts: one at a time, each step strictly after the one before.
+// A key run is typed into the window found by the target title and waited for
+// (the keyboard's flush) before the next step; waits resume from the event loop
+// and never block it. ActionTexts given while one runs queue behind it.
+//
+// Key runs: an empty target title types into whichever window has the focus; a
+// title that matches no window types nothing and says so through problem(); the
+// title "|" stops the ActionText (or the nested text) it occurs in.
+class ActionRunner : public QObject {
+    Q_OBJECT
+public:
+    // The title of the window that is to receive keys, or "|" when none may.
+    using TargetTitleLookup = std::function<QString()>;
+
+    // The generator of TRIA is seeded from the clock.
+    ActionRunner(const ActionPlatform& platform, ActionState& state, TargetTitleLookup targetTitle,
+                 QObject* parent = nullptr);
+
+    // Queues the ActionText and, when nothing runs, starts it at once: the
+    // steps up to the first wait run inside this call. Ignored once TANCAR ran.
+    void run(const QString& actionText);
+
+    // True from run() until every queued ActionText has finished.
+    bool isBusy() const { return busy_; }
+
+    // Makes TRIA picks repeatable.
+    void seedRandom(std::uint64_t seed) { random_.seed(seed); }
+
+signals:
+    // Something the user should read in the status line: malformed key notation,
+    // a window or file not found, a number out of range.
+    void problem(const QString& message);
+    // A PAGINA command set ActionState::pendingPage to `page`.
+    void pendingPageSet(int page);
+    // The ActionText that held a CARREGA command ended; `path` names the Template.
+    void openTemplateRequested(const QString& path);
+    // TANCAR ran: the application runs its closing routine and ends.
+    void closeRequested();
+    // Running started (true) or every queued ActionText finished (false).
+    void busyChanged(bool busy);
+
+private:
+    using Resume = std::function<void()>;
+
+    void advance();
+    void startNextText();
+    void finishText();
+    void setBusy(bool busy);
+    void waitFor(const std::function<void(Resume)>& start);
+    void resume();
+    void pushFront(std::deque<RunnerStep> steps);
+    void dropLevel(int depth);
+    bool pushText(const QString& text, int depth);
+
+    void perform(RunnerStep& step);
+    void perform(const step::Keys& keys, int depth);
+    void perform(const step::Command& command, int depth);
+    void perform(const step::Conditional& conditional, int depth);
+    void perform(const step::Flush& flush, int depth);
+    void perform(const step::Paste& paste, int depth);
+    void perform(const step::Sound& sound, int depth);
+    void perform(step::Mouse& mouse, int depth);
+    void perform(const step::Pointer& pointer, int depth);
+    void apply(const CommandResult& result, int depth);
+    void close();
+    void typeAndWait(const KeyStrokes& strokes);
+
+    ActionPlatform platform_;
+    ActionState& state_;
+    TargetTitleLookup targetTitle_;
+    RandomChoice random_;
+    CommandInterpreter interpreter_;
+    QStringList queued_;
+    std::deque<RunnerStep> steps_;
+    bool textRunning_ = false;
+    bool busy_ = false;
+    bool advancing_ = false;
+    bool waiting_ = false;
+    std::uint64_t waitToken_ = 0;
+};
+
+} // namespace mervak

@@ -1,0 +1,235 @@
+#include "RunnerBench.h"
+#include "support/QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+namespace mervak {
+namespace {
+
+using test::RunnerBench;
+
+struct RunCase {
+    const char* name;
+    QString text;
+    QStringList effects;
+    int problems = 0;
+};
+
+void expectRuns(const RunCase& c, RunnerBench& bench) {
+    bench.run(c.text);
+    EXPECT_EQ(bench.log.lines, c.effects) << c.name;
+    EXPECT_EQ(bench.problems.size(), c.problems) << c.name << ": " << bench.problems;
+}
+
+TEST(ActionRunner, TypesKeyRunsAndWaitsBetweenSteps) {
+    const RunCase cases[] = {
+        {"empty text does nothing", "", {}},
+        {"keys", "abc", {"activate Notepad - doc", "type abc", "flush"}},
+        {"accents and chords",
+         "Adéu^s{ENTER}",
+         {"activate Notepad - doc", "type Adéu^s{ENTER}", "flush"}},
+        {"waits between runs",
+         "abc{|Espera 3}def",
+         {"activate Notepad - doc", "type abc", "flush", "flush", "flush", "flush",
+          "activate Notepad - doc", "type def", "flush"}},
+        {"a block alone activates nothing", "{|Pagina 2}", {"page 2"}},
+        {"blanks between blocks are typed",
+         "{|Pagina 2} {|Pagina 3}",
+         {"page 2", "activate Notepad - doc", "type  ", "flush", "page 3"}},
+        {"unknown keyword does nothing",
+         "{|Hola 2}x",
+         {"activate Notepad - doc", "type x", "flush"}},
+        {"level is ignored", "{|Nivell 2}", {}},
+        {"unclosed block runs to the end",
+         "a{|Espera 2",
+         {"activate Notepad - doc", "type a", "flush", "flush", "flush"}},
+        {"malformed keys type nothing, the rest runs",
+         "a{NOPE}{|Espera 1}b",
+         {"flush", "activate Notepad - doc", "type b", "flush"},
+         1},
+        {"unclosed parenthesis", "+(ab", {}, 1},
+    };
+    for (const auto& c : cases) {
+        RunnerBench bench;
+        expectRuns(c, bench);
+    }
+}
+
+TEST(ActionRunner, WaitCountsAreKeyFlushes) {
+    const RunCase cases[] = {
+        {"three", "{|Espera 3}", {"flush", "flush", "flush"}},
+        {"zero still flushes once", "{|Espera 0}", {"flush"}},
+        {"negative flushes once", "{|Espera -5}", {"flush"}},
+        {"missing count flushes once", "{|Espera}", {"flush"}},
+        {"count rounds half to even", "{|Espera 2.5}", {"flush", "flush"}},
+        {"count read with Val", "{|Espera 2x}", {"flush", "flush"}},
+        {"count beyond 16 bits waits not at all",
+         "{|Espera 40000}x",
+         {"activate Notepad - doc", "type x", "flush"},
+         1},
+        {"counting down from the bottom overflows after one", "{|Espera -32768}", {"flush"}, 1},
+        {"Spanish form is the same word", "{|ESPERA 2}", {"flush", "flush"}},
+    };
+    for (const auto& c : cases) {
+        RunnerBench bench;
+        expectRuns(c, bench);
+    }
+}
+
+struct TitleCase {
+    const char* name;
+    QString title;
+    QString text;
+    QStringList effects;
+    QString memoryAfter;
+    int problems = 0;
+};
+
+TEST(ActionRunner, FollowsTheTargetTitle) {
+    const TitleCase cases[] = {
+        {"bar stops before the block", "|", "ab{|CM }", {}, "x"},
+        {"bar lets earlier blocks run", "|", "{|M+ 1}ab{|CM }", {}, "x1"},
+        {"bar ends only the nested text", "|", "{|RM }{|M+ 2}", {}, "x2"},
+        {"bar stops the trailing run", "|", "{|Pagina 4}ab", {"page 4"}, "x"},
+        {"title matched by its beginning, any case",
+         "notepad",
+         "a",
+         {"activate Notepad - doc", "type a", "flush"},
+         "x"},
+        {"no title types into the focused window", "", "a", {"type a", "flush"}, "x"},
+        {"a title that matches no window types nothing", "Calculator", "a{|M+ 1}b", {}, "x1", 2},
+    };
+    for (const auto& c : cases) {
+        RunnerBench bench;
+        bench.targetTitle = c.title;
+        bench.state.memoryRegister = "x";
+        bench.run(c.text);
+        EXPECT_EQ(bench.log.lines, c.effects) << c.name;
+        EXPECT_EQ(bench.state.memoryRegister, c.memoryAfter) << c.name;
+        EXPECT_EQ(bench.problems.size(), c.problems) << c.name << ": " << bench.problems;
+    }
+}
+
+TEST(ActionRunner, ReportsBrokenKeysInPlainWords) {
+    RunnerBench bench;
+    bench.run("ab{NOPE}");
+    ASSERT_EQ(bench.problems.size(), 1);
+    EXPECT_TRUE(bench.problems[0].contains("unknown key name \"{NOPE}\" at character 3"))
+        << bench.problems[0];
+    EXPECT_TRUE(bench.problems[0].contains("ab{NOPE}")) << bench.problems[0];
+    EXPECT_TRUE(bench.windows.activations().isEmpty());
+}
+
+TEST(ActionRunner, ReportsAKeyboardThatCannotType) {
+    RunnerBench bench;
+    bench.keyboard.setFailure("no display");
+    bench.run("a{|Pagina 2}");
+    EXPECT_EQ(bench.problems, QStringList{"no display"});
+    EXPECT_EQ(bench.log.lines, (QStringList{"activate Notepad - doc", "page 2"}));
+}
+
+TEST(ActionRunner, DoesNotGoOnBeforeTheFlushEnds) {
+    RunnerBench bench;
+    bench.keyboard.holdFlushes(true);
+    bench.runner.run("a{|Pagina 2}b");
+    EXPECT_EQ(bench.log.lines, (QStringList{"activate Notepad - doc", "type a", "flush"}));
+    EXPECT_TRUE(bench.runner.isBusy());
+    bench.keyboard.releaseFlushes();
+    EXPECT_EQ(bench.log.lines.mid(3),
+              (QStringList{"page 2", "activate Notepad - doc", "type b", "flush"}));
+    bench.keyboard.releaseFlushes();
+    EXPECT_FALSE(bench.runner.isBusy());
+}
+
+TEST(ActionRunner, QueuedTextsRunInOrder) {
+    RunnerBench bench;
+    QList<bool> busy;
+    QObject::connect(&bench.runner, &ActionRunner::busyChanged,
+                     [&busy](bool value) { busy.append(value); });
+    bench.keyboard.holdFlushes(true);
+    bench.runner.run("a{|Espera 1}");
+    bench.runner.run("{|Pagina 2}b");
+    bench.runner.run("c");
+    EXPECT_EQ(bench.log.lines.size(), 3) << bench.log.lines;
+    while (bench.keyboard.heldFlushes() > 0)
+        bench.keyboard.releaseFlushes();
+    EXPECT_EQ(bench.log.lines, (QStringList{"activate Notepad - doc", "type a", "flush", "flush",
+                                            "page 2", "activate Notepad - doc", "type b", "flush",
+                                            "activate Notepad - doc", "type c", "flush"}));
+    EXPECT_EQ(busy, (QList<bool>{true, false}));
+}
+
+TEST(ActionRunner, TextGivenFromASignalRunsAfterTheCurrentOne) {
+    RunnerBench bench;
+    QObject::connect(&bench.runner, &ActionRunner::pendingPageSet,
+                     [&bench](int) { bench.runner.run("z"); });
+    bench.run("{|Pagina 2}a");
+    EXPECT_EQ(bench.log.lines, (QStringList{"page 2", "activate Notepad - doc", "type a", "flush",
+                                            "activate Notepad - doc", "type z", "flush"}));
+}
+
+TEST(ActionRunner, CloseStopsEverythingAfterIt) {
+    for (const char* keyword : {"Tancar", "CERRAR"}) {
+        RunnerBench bench;
+        bench.keyboard.holdFlushes(true);
+        bench.runner.run(QStringLiteral("a{|%1}b{|M+ 1}").arg(keyword));
+        bench.runner.run("c");
+        bench.keyboard.releaseFlushes();
+        bench.waitUntilIdle();
+        bench.runner.run("d");
+        bench.waitUntilIdle();
+        EXPECT_EQ(bench.log.lines,
+                  (QStringList{"activate Notepad - doc", "type a", "flush", "close"}))
+            << keyword;
+        EXPECT_TRUE(bench.state.closeRequested) << keyword;
+        EXPECT_EQ(bench.state.memoryRegister, "") << keyword;
+    }
+}
+
+struct NestingCase {
+    const char* name;
+    QString memory;
+    QString clipboard;
+    QString text;
+    QStringList effects;
+    int problems = 0;
+};
+
+TEST(ActionRunner, NestedTextsRunInPlace) {
+    const NestingCase cases[] = {
+        {"register holds blocks",
+         "{|Pagina 3}x",
+         "",
+         "{|RM }y",
+         {"page 3", "activate Notepad - doc", "type x", "flush", "activate Notepad - doc", "type y",
+          "flush"}},
+        {"clipboard typed",
+         "",
+         "hola{ENTER}",
+         "{|RCW }",
+         {"activate Notepad - doc", "type hola{ENTER}", "flush"}},
+        {"register that types itself stops", "{|RM }", "", "{|RM }a", {}, 1},
+        {"register that doubles itself stops", "{|RM }{|RM }", "", "{|RM }", {}, 1},
+        {"clipboard that types itself stops", "", "{|RCW }", "{|RCW }", {}, 1},
+    };
+    for (const auto& c : cases) {
+        RunnerBench bench;
+        bench.state.memoryRegister = c.memory;
+        bench.clipboard.hold(c.clipboard);
+        bench.run(c.text);
+        EXPECT_EQ(bench.log.lines, c.effects) << c.name;
+        EXPECT_EQ(bench.problems.size(), c.problems) << c.name << ": " << bench.problems;
+    }
+}
+
+TEST(ActionRunner, RunsAgainAfterANestingProblem) {
+    RunnerBench bench;
+    bench.state.memoryRegister = "{|RM }";
+    bench.run("{|RM }");
+    bench.log.lines.clear();
+    bench.run("ok");
+    EXPECT_EQ(bench.log.lines, (QStringList{"activate Notepad - doc", "type ok", "flush"}));
+}
+
+} // namespace
+} // namespace mervak

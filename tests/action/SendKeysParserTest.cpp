@@ -1,0 +1,156 @@
+#include "action/SendKeysParser.h"
+
+#include "support/FakeKeyboard.h"
+#include "support/QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+namespace mervak {
+namespace {
+
+using test::FakeKeyboard;
+
+struct ParseCase {
+    const char* name;
+    QString keys;
+    QString strokes; // as the fake keyboard writes them
+};
+
+TEST(SendKeysParser, ReadsTheNotation) {
+    const ParseCase cases[] = {
+        {"plain", "abc", "abc"},
+        {"empty", "", ""},
+        {"accents", "àçñ€¿¡l·l", "àçñ€¿¡l·l"},
+        {"blank", "a b", "a b"},
+        {"shift", "+a", "+a"},
+        {"ctrl", "^c", "^c"},
+        {"alt", "%f", "%f"},
+        {"modifiers stack", "+^%x", "+^%x"},
+        {"modifier is for one key", "+ab", "+ab"},
+        {"group", "+(ab)c", "+a+bc"},
+        {"nested groups", "^(a+(bc))", "^a+^b+^c"},
+        {"group without modifier", "(ab)", "ab"},
+        {"tilde", "a~", "a{ENTER}"},
+        {"ctrl enter", "^~", "^{ENTER}"},
+        {"named key", "{ENTER}", "{ENTER}"},
+        {"names ignore case", "{enter}{Tab}", "{ENTER}{TAB}"},
+        {"backspace aliases", "{BS}{BKSP}{BACKSPACE}", "{BS}{BS}{BS}"},
+        {"more aliases", "{ESCAPE}{DELETE}{INSERT}", "{ESC}{DEL}{INS}"},
+        {"function keys", "{F1}{F10}{F16}", "{F1}{F10}{F16}"},
+        {"navigation", "{HOME}{END}{PGUP}{PGDN}{LEFT}{RIGHT}{UP}{DOWN}",
+         "{HOME}{END}{PGUP}{PGDN}{LEFT}{RIGHT}{UP}{DOWN}"},
+        {"locks and others", "{CAPSLOCK}{NUMLOCK}{SCROLLLOCK}{PRTSC}{BREAK}{HELP}",
+         "{CAPSLOCK}{NUMLOCK}{SCROLLLOCK}{PRTSC}{BREAK}{HELP}"},
+        {"keypad", "{ADD}{SUBTRACT}{MULTIPLY}{DIVIDE}", "{ADD}{SUBTRACT}{MULTIPLY}{DIVIDE}"},
+        {"shift tab", "+{TAB}", "+{TAB}"},
+        {"repeat named", "{LEFT 3}", "{LEFT}{LEFT}{LEFT}"},
+        {"repeat character", "{a 5}", "aaaaa"},
+        {"repeat zero", "x{a 0}y", "xy"},
+        {"repeat with modifier", "+{a 2}", "+a+a"},
+        {"repeat a brace", "{} 2}", "{}}{}}"},
+        {"braced literals", "{+}{^}{%}{~}{(}{)}{{}{}}", "{+}{^}{%}{~}{(}{)}{{}{}}"},
+        {"braced letter", "{a}", "a"},
+        {"braced blank", "{ }", " "},
+        {"line breaks type enter", "a\r\nb\nc\rd", "a{ENTER}b{ENTER}c{ENTER}d"},
+        {"tab character", "a\tb", "a{TAB}b"},
+        {"modifier at the end is dropped", "ab+", "ab"},
+        {"modifier before a closing parenthesis is dropped", "(a+)b", "ab"},
+        {"character outside the BMP", QString::fromUtf8("a\xF0\x9F\x98\x80"),
+         QString::fromUtf8("a\xF0\x9F\x98\x80")},
+    };
+    for (const auto& c : cases) {
+        const SendKeysResult result = SendKeysParser::parse(c.keys);
+        EXPECT_FALSE(result.error.has_value()) << c.name;
+        EXPECT_EQ(FakeKeyboard::describe(result.strokes), c.strokes) << c.name;
+    }
+}
+
+TEST(SendKeysParser, KeepsCharactersAndModifiersApart) {
+    const SendKeysResult result = SendKeysParser::parse(QString::fromUtf8("+\xF0\x9F\x98\x80"));
+    ASSERT_EQ(result.strokes.size(), 1);
+    EXPECT_EQ(result.strokes[0].key, Key::Character);
+    EXPECT_EQ(result.strokes[0].character, U'\U0001F600');
+    EXPECT_EQ(result.strokes[0].modifiers, (Modifiers{true, false, false}));
+}
+
+struct ErrorCase {
+    const char* name;
+    QString keys;
+    qsizetype position; // 0-based
+    const char* says;
+};
+
+TEST(SendKeysParser, ReportsWhereTheNotationIsBroken) {
+    const ErrorCase cases[] = {
+        {"unknown name", "ab{FOO}", 2, "unknown key name \"{FOO}\""},
+        {"F17 does not exist", "{F17}", 0, "unknown key name"},
+        {"unclosed brace", "abc{ENTER", 3, "never closed"},
+        {"lone brace", "x{", 1, "never closed"},
+        {"empty braces", "{}", 0, "never closed"},
+        {"unclosed parenthesis", "a+(bc", 2, "\"(\" that is never closed"},
+        {"inner group unclosed", "(a(b)", 0, "\"(\" that is never closed"},
+        {"closing parenthesis alone", "ab)c", 2, "\")\" with no \"(\""},
+        {"bad repeat count", "x{LEFT 3a}", 1, "bad repeat count"},
+        {"negative repeat count", "{a -1}", 0, "bad repeat count"},
+        {"repeat count too large", "{a 32768}", 0, "bad repeat count"},
+        {"unknown name with a count", "{FOO 2}", 0, "unknown key name \"{FOO}\""},
+        {"error after good keys", "{ENTER}{TAB}{NOPE}", 12, "unknown key name"},
+    };
+    for (const auto& c : cases) {
+        const SendKeysResult result = SendKeysParser::parse(c.keys);
+        ASSERT_TRUE(result.error.has_value()) << c.name;
+        EXPECT_EQ(result.error->position, c.position) << c.name;
+        EXPECT_TRUE(result.error->message.contains(QString::fromUtf8(c.says)))
+            << c.name << ": " << result.error->message;
+        EXPECT_TRUE(
+            result.error->message.contains(QStringLiteral("character %1").arg(c.position + 1)))
+            << c.name << ": " << result.error->message;
+        EXPECT_TRUE(result.strokes.isEmpty()) << c.name;
+    }
+}
+
+TEST(SendKeysParser, RepeatCountsUpToTheLimit) {
+    EXPECT_EQ(SendKeysParser::parse("{a 32767}").strokes.size(), 32767);
+}
+
+struct PlainCase {
+    QString keys;
+    QString plain;
+};
+
+TEST(SendKeysParser, PlainKeysShowsTheLiteralCharacters) {
+    const PlainCase cases[] = {
+        {"^cab{ENTER}+x", "ab"},
+        {"", ""},
+        {"hola", "hola"},
+        {"+^ab", "b"},
+        {"+^%ab", "ab"},
+        {"a{TAB", "a"},
+        {"{}}x", "}x"},
+        {"+{ENTER}", "ENTER}"},
+        {"x+", "x"},
+        {"a~b", "a~b"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(SendKeysParser::plainKeys(c.keys), c.plain) << c.keys;
+}
+
+TEST(SendKeysParser, NotationReadsBackAsTheSameStroke) {
+    const KeyStrokes strokes = {
+        {Key::Character, U'a', {}},
+        {Key::Character, U'+', {}},
+        {Key::Character, U'}', {true, false, false}},
+        {Key::Enter, 0, {false, true, false}},
+        {Key::F12, 0, {true, true, true}},
+        {Key::Character, U'€', {false, false, true}},
+    };
+    for (const KeyStroke& stroke : strokes) {
+        const QString text = SendKeysParser::notation(stroke);
+        const SendKeysResult back = SendKeysParser::parse(text);
+        ASSERT_EQ(back.strokes.size(), 1) << text;
+        EXPECT_EQ(back.strokes[0], stroke) << text;
+    }
+}
+
+} // namespace
+} // namespace mervak
