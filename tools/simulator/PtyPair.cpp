@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -75,6 +76,11 @@ qsizetype PtyPair::write(const QByteArray& bytes) {
         done += n;
     }
     return done;
+}
+
+int PtyPair::unreadByFarSide() const {
+    int pending = 0;
+    return ioctl(slave_, FIONREAD, &pending) == 0 ? pending : 0;
 }
 
 } // namespace mervak::sim

@@ -26,6 +26,8 @@ public:
     // Writes what the terminal takes now, without blocking; a full buffer drops
     // the rest, as a line with nobody listening would. Returns the bytes written.
     qsizetype write(const QByteArray& bytes);
+    // Bytes written that the far side has not read yet.
+    int unreadByFarSide() const;
 
 private:
     int master_ = -1;

@@ -14,6 +14,11 @@ int lineTimeMs(qsizetype bytes) {
     return static_cast<int>((bytes * 10 * 1000 + 9599) / 9600);
 }
 
+// Closing the terminal discards what the far side has not read yet, so quit
+// waits for it, checking this often, at most this many times.
+constexpr int kDrainCheckMs = 10;
+constexpr int kMaxDrainChecks = 100;
+
 } // namespace
 
 Simulator::Simulator(PtyPair& pty, const Options& options, QObject* parent)
@@ -48,6 +53,10 @@ void Simulator::runNext() {
     SimStep& step = steps_.front();
     switch (step.kind) {
     case SimStep::Kind::Quit:
+        if (pty_.unreadByFarSide() > 0 && drainChecks_++ < kMaxDrainChecks) {
+            stepTimer_.start(kDrainCheckMs);
+            return;
+        }
         emit quitRequested();
         return;
     case SimStep::Kind::Wait:

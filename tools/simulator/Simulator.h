@@ -43,6 +43,7 @@ private:
     QTimer stepTimer_; // paces the steps; while it runs, the next step waits
     std::deque<SimStep> steps_;
     int packetsSent_ = 0; // of the step at the front
+    int drainChecks_ = 0; // made by quit so far
     std::mt19937 random_;
     bool verbose_;
 };

@@ -24,7 +24,7 @@ const char* kScriptHelp = "Script commands, one per line on standard input, or s
                           "  lift | release                    a no-press packet\n"
                           "  wait MS                           pause\n"
                           "  garbage N                         N random bytes\n"
-                          "  quit                              close the terminal and end\n"
+                          "  quit                              close the terminal (once read) and end\n"
                           "Packets and garbage wait until the host has sent \"@X\".";
 
 void reportLineError(int number, const QString& line, const QString& error) {
