@@ -1,0 +1,47 @@
+#include "editor/AreaSelection.h"
+
+namespace mervak {
+
+namespace {
+
+QString counter(int current, int total, const char* noun) {
+    return QString::number(current) + u'/' + QString::number(total) + u' ' +
+           QString::fromUtf8(noun);
+}
+
+bool inRange(const Template& t, int index) {
+    return index >= 1 && index <= t.AreaCount();
+}
+
+} // namespace
+
+CounterTexts startCounterTexts() {
+    return {counter(0, 0, "àrees"), counter(0, 0, "pàgines")};
+}
+
+CounterTexts counterTexts(const Template& t) {
+    return {counter(t.CurrentArea, t.PageAreaCount, "àrees"),
+            counter(t.CurrentPage, t.PageCount, "pàgines")};
+}
+
+CounterTexts SelectArea(Template& t, int index) {
+    if (!inRange(t, index)) {
+        t.CurrentArea = 0;
+        t.SelectedArea = 0;
+        t.PageAreaCount = 0;
+        return {QStringLiteral("----- àrees"), QStringLiteral("----- pàgines")};
+    }
+    t.SelectedArea = static_cast<int16_t>(index);
+    return counterTexts(t);
+}
+
+CounterTexts pickArea(Template& t, int index) {
+    if (inRange(t, index)) {
+        const QList<int16_t> onPage = t.areasOfPage(t.CurrentPage);
+        t.PageAreaCount = static_cast<int16_t>(onPage.size());
+        t.CurrentArea = static_cast<int16_t>(onPage.indexOf(static_cast<int16_t>(index)) + 1);
+    }
+    return SelectArea(t, index);
+}
+
+} // namespace mervak

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "template/Template.h"
+
+#include <QString>
+
+namespace mervak {
+
+// The texts of the area counter (MsgArea) and the page counter (MsgPagina).
+struct CounterTexts {
+    QString MsgArea;
+    QString MsgPagina;
+    friend bool operator==(const CounterTexts&, const CounterTexts&) = default;
+};
+
+// What the counters show before anything is selected: "0/0 àrees", "0/0 pàgines".
+CounterTexts startCounterTexts();
+
+// Selects the Area with array index `index`. Outside 1..AreaCount: CurrentArea,
+// SelectedArea and PageAreaCount become 0 and both counters show dashes.
+// Otherwise SelectedArea becomes `index` and the counters show
+// "CurrentArea/PageAreaCount àrees" and "CurrentPage/PageCount pàgines".
+CounterTexts SelectArea(Template& t, int index);
+
+// Selects an Area picked on the sheet: CurrentArea becomes its rank among the
+// Areas of the current page and PageAreaCount their number, then as SelectArea.
+CounterTexts pickArea(Template& t, int index);
+
+// The counters for the present state, after a page change or an edit.
+CounterTexts counterTexts(const Template& t);
+
+} // namespace mervak

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <cstdint>
+
+namespace mervak {
+
+// Builds the text of a Template file, one value per line, each line ended by CR LF.
+class FieldWriter {
+public:
+    explicit FieldWriter(qsizetype expectedSize = 0) { m_text.reserve(expectedSize); }
+
+    // As the number-printing statement writes it: a blank or a minus sign, the digits, a blank.
+    void writeInteger(int16_t value);
+
+    // Between double quotes, every double quote inside stored as character 182.
+    void writeQuoted(const QString& value);
+
+    // As it stands, without quotes.
+    void writeBare(const QString& value);
+
+    const QString& text() const { return m_text; }
+
+private:
+    void endLine();
+
+    QString m_text;
+};
+
+} // namespace mervak

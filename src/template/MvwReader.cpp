@@ -1,0 +1,142 @@
+#include "template/MvwReader.h"
+
+#include "platform/Checked16.h"
+#include "platform/TextEncoding.h"
+#include "template/FieldReader.h"
+
+namespace mervak {
+
+namespace {
+
+enum class RecordLayout { WithClipFlag, WithoutClipFlag };
+
+// Lines 3 to 13, common to both versions; returns the stored area count.
+int16_t readCommonHeader(FieldReader& in, Template& t) {
+    t.FitxGraf = in.readBare();
+    const int countLine = in.line();
+    const int16_t count = in.readInteger();
+    if (count < 0)
+        throw FieldError{countLine};
+    t.Ordres = in.readQuoted();
+    t.PlantOption = in.readInteger();
+    t.FitxClip = in.readQuoted();
+    t.Tecles = in.readQuoted();
+    t.FitxDoc = in.readQuoted();
+    t.TxFinestra = in.readQuoted();
+    t.descripcio = in.readQuoted();
+    t.PageCount = in.readInteger();
+    t.SoundActive = in.readInteger();
+    return count;
+}
+
+void readExtraHeader(FieldReader& in, Template& t) {
+    t.HeaderFlag = in.readInteger();
+    t.sv_idioma = in.readInteger();
+    t.sv_locutor = in.readInteger();
+    t.SV_velocitat = in.readInteger();
+}
+
+Area readArea(FieldReader& in, RecordLayout layout) {
+    Area a;
+    a.X0 = in.readInteger();
+    a.Y0 = in.readInteger();
+    a.X1 = in.readInteger();
+    a.Y1 = in.readInteger();
+    a.Page = in.readInteger();
+    if (layout == RecordLayout::WithClipFlag)
+        a.ClipFlag = in.readInteger();
+    a.Clip = in.readQuoted();
+    a.ActionText = in.readQuoted();
+    a.Flags = in.readInteger();
+    return a;
+}
+
+void convertVersion1Clip(Area& a) {
+    if (a.Clip.isEmpty())
+        return;
+    a.ActionText = QStringLiteral("{|Enganxa ") + a.Clip + u'}' + a.ActionText;
+    a.ClipFlag = 0;
+    a.Clip.clear();
+}
+
+void readAreas(FieldReader& in, Template& t, int16_t count, RecordLayout layout, bool convert,
+               qsizetype textSize) {
+    // The shortest record takes about 30 characters: never reserve for more than can be there.
+    t.reserveAreas(qMin<qsizetype>(count, textSize / 30 + 1));
+    for (int16_t i = 0; i < count; ++i) {
+        Area a = readArea(in, layout);
+        if (convert)
+            convertVersion1Clip(a);
+        t.AppendArea(a);
+    }
+}
+
+// Both version 2 layouts, from line 3 on; `t` holds what lines 1 and 2 said.
+void readVersion2(QStringView text, Template& t) {
+    FieldReader in(text);
+    in.readInteger();
+    in.readInteger();
+    const int16_t count = readCommonHeader(in, t);
+    readExtraHeader(in, t);
+    readAreas(in, t, count, RecordLayout::WithoutClipFlag, false, text.size());
+}
+
+void readSaveAsLayout(QStringView text, Template& t) {
+    FieldReader in(text);
+    in.readInteger();
+    in.readInteger();
+    const int16_t count = readCommonHeader(in, t);
+    readAreas(in, t, count, RecordLayout::WithClipFlag, false, text.size());
+}
+
+void readVersion1(FieldReader& in, Template& t, qsizetype textSize) {
+    const int16_t count = readCommonHeader(in, t);
+    readAreas(in, t, count, RecordLayout::WithClipFlag, true, textSize);
+}
+
+void readVersion2OrSaveAs(QStringView text, Template& t) {
+    const Template start = t;
+    try {
+        readVersion2(text, t);
+    } catch (const FieldError& version2Failure) {
+        // A "save as" file carries 2 on line 1 but 13 header lines and 9-line
+        // records; the version 2 layout never reads such a file whole.
+        Template saveAs = start;
+        try {
+            readSaveAsLayout(text, saveAs);
+        } catch (const FieldError&) {
+            throw version2Failure;
+        }
+        t = std::move(saveAs);
+    }
+}
+
+} // namespace
+
+std::optional<TemplateError> readMvw(const QByteArray& bytes, Template& t) {
+    const QString text = decodeFileText(bytes).text;
+    try {
+        FieldReader in(text);
+        const int16_t version = in.readInteger();
+        const int16_t revision = in.readInteger();
+        if (version > 2 || revision > 0)
+            return TemplateError{TemplateMessage::NewerVersion, {}, 1, {}};
+        if (version == 1) {
+            t.FormatVersion = 1;
+            t.FormatRevision = revision;
+            readVersion1(in, t, text.size());
+        } else if (version == 2) {
+            t.FormatVersion = 2;
+            t.FormatRevision = revision;
+            readVersion2OrSaveAs(text, t);
+        }
+    } catch (const FieldError& e) {
+        return TemplateError{TemplateMessage::ReadError, {}, e.line, {}};
+    } catch (const Overflow16&) {
+        return TemplateError{
+            TemplateMessage::ReadError, {}, 0, QStringLiteral("more than 32767 areas")};
+    }
+    return std::nullopt;
+}
+
+} // namespace mervak

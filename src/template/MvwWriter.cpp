@@ -1,0 +1,75 @@
+#include "template/MvwWriter.h"
+
+#include "platform/TextEncoding.h"
+#include "template/FieldWriter.h"
+
+namespace mervak {
+
+namespace {
+
+enum class RecordLayout { WithClipFlag, WithoutClipFlag };
+
+qsizetype expectedSize(const Template& t) {
+    qsizetype size = 256 + t.FitxGraf.size() + t.Ordres.size() + t.Tecles.size() +
+                     t.descripcio.size() + t.FitxDoc.size() + t.FitxClip.size() +
+                     t.TxFinestra.size();
+    for (int16_t i = 1; i <= t.AreaCount(); ++i)
+        size += 64 + t.area(i).Clip.size() + t.area(i).ActionText.size();
+    return size;
+}
+
+void writeCommonHeader(FieldWriter& out, const Template& t) {
+    out.writeInteger(2);
+    out.writeInteger(0);
+    out.writeBare(t.FitxGraf);
+    out.writeInteger(t.AreaCount());
+    out.writeQuoted(t.Ordres);
+    out.writeInteger(t.PlantOption);
+    out.writeQuoted(t.FitxClip);
+    out.writeQuoted(t.Tecles);
+    out.writeQuoted(t.FitxDoc);
+    out.writeQuoted(t.TxFinestra);
+    out.writeQuoted(t.descripcio);
+    out.writeInteger(t.PageCount);
+    out.writeInteger(t.SoundActive);
+}
+
+void writeArea(FieldWriter& out, const Area& a, RecordLayout layout) {
+    out.writeInteger(a.X0);
+    out.writeInteger(a.Y0);
+    out.writeInteger(a.X1);
+    out.writeInteger(a.Y1);
+    out.writeInteger(a.Page);
+    if (layout == RecordLayout::WithClipFlag)
+        out.writeInteger(a.ClipFlag);
+    out.writeQuoted(a.Clip);
+    out.writeQuoted(a.ActionText);
+    out.writeInteger(a.Flags);
+}
+
+void writeAreas(FieldWriter& out, const Template& t, RecordLayout layout) {
+    for (int16_t i = 1; i <= t.AreaCount(); ++i)
+        writeArea(out, t.area(i), layout);
+}
+
+} // namespace
+
+QByteArray writeMvw(const Template& t) {
+    FieldWriter out(expectedSize(t));
+    writeCommonHeader(out, t);
+    out.writeInteger(t.HeaderFlag);
+    out.writeInteger(t.sv_idioma);
+    out.writeInteger(t.sv_locutor);
+    out.writeInteger(t.SV_velocitat);
+    writeAreas(out, t, RecordLayout::WithoutClipFlag);
+    return encodeFileText(out.text());
+}
+
+QByteArray writeMvwSaveAs(const Template& t) {
+    FieldWriter out(expectedSize(t));
+    writeCommonHeader(out, t);
+    writeAreas(out, t, RecordLayout::WithClipFlag);
+    return encodeFileText(out.text());
+}
+
+} // namespace mervak

@@ -1,0 +1,122 @@
+#include "template/Template.h"
+
+#include "platform/Checked16.h"
+
+#include <QtGlobal>
+
+namespace mervak {
+
+QString untitledName() {
+    return QStringLiteral("(Sense Nom)");
+}
+
+QString windowTitle(const Template& t) {
+    return QStringLiteral("Mervak - ") + t.TemplateFileName;
+}
+
+Template::Template() : TemplateFileName(untitledName()), m_areas(1) {}
+
+void Template::NewTemplate() {
+    *this = Template();
+}
+
+const Area& Template::area(int16_t index) const {
+    Q_ASSERT(index >= 1 && index <= AreaCount());
+    return m_areas[index];
+}
+
+Area& Template::area(int16_t index) {
+    Q_ASSERT(index >= 1 && index <= AreaCount());
+    return m_areas[index];
+}
+
+void Template::reserveAreas(qsizetype count) {
+    if (count > 0)
+        m_areas.reserve(m_areas.size() + qMin<qsizetype>(count, kMaxAreas));
+}
+
+void Template::AppendArea(const Area& area) {
+    const int16_t pageAreas = add16(PageAreaCount, 1);
+    const int16_t current = add16(CurrentArea, 1);
+    add16(AreaCount(), 1);
+    m_areas.append(area);
+    PageAreaCount = pageAreas;
+    CurrentArea = current;
+    Modified = true;
+}
+
+void Template::DeleteArea(int16_t index) {
+    if (index == SelectedArea)
+        SelectedArea = 0;
+    if (index < 1 || index > AreaCount())
+        return;
+    m_areas.removeAt(index);
+    PageAreaCount = sub16(PageAreaCount, 1);
+    CurrentArea = sub16(CurrentArea, 1);
+}
+
+bool Template::NextPage() {
+    if (CurrentPage >= PageCount)
+        return false;
+    ++CurrentPage;
+    return true;
+}
+
+bool Template::PreviousPage() {
+    if (CurrentPage <= 1)
+        return false;
+    --CurrentPage;
+    return true;
+}
+
+QList<int16_t> Template::areasOfPage(int16_t page) const {
+    QList<int16_t> indices;
+    for (int16_t i = 1; i <= AreaCount(); ++i)
+        if (m_areas[i].Page == page)
+            indices.append(i);
+    return indices;
+}
+
+int16_t Template::countAreasOfPage(int16_t page) const {
+    int16_t count = 0;
+    for (int16_t i = 1; i <= AreaCount(); ++i)
+        if (m_areas[i].Page == page)
+            ++count;
+    return count;
+}
+
+void Template::refreshPageAreaCount() {
+    PageAreaCount = countAreasOfPage(CurrentPage);
+}
+
+bool Template::NextArea() {
+    if (CurrentArea >= PageAreaCount)
+        return false;
+    for (int i = SelectedArea + 1; i <= AreaCount(); ++i) {
+        if (m_areas[i].Page == CurrentPage) {
+            ++CurrentArea;
+            SelectedArea = static_cast<int16_t>(i);
+            break;
+        }
+    }
+    return true;
+}
+
+bool Template::PrevArea() {
+    if (CurrentArea <= 1)
+        return false;
+    for (int i = qMin<int>(SelectedArea - 1, AreaCount()); i >= 1; --i) {
+        if (m_areas[i].Page == CurrentPage) {
+            --CurrentArea;
+            SelectedArea = static_cast<int16_t>(i);
+            break;
+        }
+    }
+    return true;
+}
+
+bool Template::isUntitled() const {
+    return TemplateFileName.compare(QStringLiteral("(Sense nom)"), Qt::CaseInsensitive) == 0;
+}
+
+} // namespace mervak

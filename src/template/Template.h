@@ -1,0 +1,96 @@
+#pragma once
+
+#include "template/Area.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+#include <cstdint>
+
+namespace mervak {
+
+// The one open Template: its stored header, its Areas and the editing cursor.
+// The Areas of all Pages form one array indexed 1..AreaCount() in file order.
+// Stored booleans (PlantOption, SoundActive) keep the classic -1/0 values.
+class Template {
+public:
+    static constexpr int16_t kMaxAreas = 32767;
+
+    Template();
+
+    // Stored header.
+    int16_t FormatVersion = 1;
+    int16_t FormatRevision = 0;
+    QString FitxGraf; // sheet image, as stored (Windows form kept)
+    QString Ordres;
+    int16_t PlantOption = 0;
+    QString FitxClip;
+    QString Tecles;
+    QString FitxDoc;
+    QString TxFinestra;
+    QString descripcio;
+    int16_t PageCount = 1;
+    int16_t SoundActive = 0;
+    int16_t HeaderFlag = 0;
+    int16_t sv_idioma = 0;
+    int16_t sv_locutor = 0;
+    int16_t SV_velocitat = 0;
+
+    // Editing state, never stored.
+    QString TemplateFileName;
+    int16_t CurrentPage = 1;
+    int16_t CurrentArea = 0;   // ordinal of the selected Area among the current page's Areas
+    int16_t PageAreaCount = 0; // Areas on the current page
+    int16_t SelectedArea = 0;  // array index of the marked Area; 0 when none
+    bool Modified = false;
+    QDateTime GraphDate; // last change of the sheet image when it was loaded
+    bool GraphChanged = false;
+
+    // Empties the Template: no Areas, one page, untitled, header cleared.
+    void NewTemplate();
+
+    int16_t AreaCount() const { return static_cast<int16_t>(m_areas.size() - 1); }
+
+    // Index 1..AreaCount(); anything else is a programming error.
+    const Area& area(int16_t index) const;
+    Area& area(int16_t index);
+
+    // Makes room for `count` further Areas so that reading a file grows the array once.
+    void reserveAreas(qsizetype count);
+
+    // Appends a copy; raises PageAreaCount and CurrentArea by one and sets Modified.
+    // Throws Overflow16, changing nothing, past 32767 Areas.
+    void AppendArea(const Area& area);
+
+    // Removes the Area; later ones move down one place. An index outside
+    // 1..AreaCount() does nothing (SelectedArea is still cleared when it matches).
+    void DeleteArea(int16_t index);
+
+    // Next and previous page; false when already on the last or the first.
+    bool NextPage();
+    bool PreviousPage();
+
+    // Array indices of the Areas of `page`, in array order.
+    QList<int16_t> areasOfPage(int16_t page) const;
+    int16_t countAreasOfPage(int16_t page) const;
+
+    // PageAreaCount counted again for CurrentPage.
+    void refreshPageAreaCount();
+
+    // Select the next or previous Area of the current page. False (the caller
+    // beeps) when the counter says there is none; the scan may still find none,
+    // in which case nothing changes and true is returned.
+    bool NextArea();
+    bool PrevArea();
+
+    bool isUntitled() const;
+
+private:
+    QList<Area> m_areas; // element 0 always exists and holds no Area
+};
+
+// The untitled name, and the window title that shows the file name.
+QString untitledName();
+QString windowTitle(const Template& t);
+
+} // namespace mervak

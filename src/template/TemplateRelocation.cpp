@@ -1,0 +1,119 @@
+#include "template/TemplateRelocation.h"
+
+#include "platform/PathResolver.h"
+#include "template/FileAccess.h"
+#include "template/FileReferences.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+#include <QSet>
+
+namespace mervak {
+
+namespace {
+
+QString canonicalFolder(const QString& folder) {
+    const QString canonical = QFileInfo(folder).canonicalFilePath();
+    return canonical.isEmpty() ? QDir::cleanPath(QDir(folder).absolutePath()) : canonical;
+}
+
+class FileCopier {
+public:
+    FileCopier(QString sourceFolder, QString targetFolder, RelocationReport& report)
+        : m_source(std::move(sourceFolder)), m_target(std::move(targetFolder)), m_report(report) {}
+
+    // The name the stored reference takes in the new folder; the stored text
+    // itself when it names no file or the copy failed.
+    QString relocate(const QString& stored) {
+        const QString found = findCaseInsensitive(resolveStoredPath(stored, m_source));
+        if (found.isEmpty() || !QFileInfo(found).isFile()) {
+            if (!m_report.missing.contains(stored))
+                m_report.missing.append(stored);
+            return stored;
+        }
+        if (const auto it = m_copies.constFind(found); it != m_copies.cend())
+            return it.value();
+        const QString name = copyUnderFreeName(found, QFileInfo(toLocalPath(stored)).fileName());
+        if (name.isEmpty())
+            return stored;
+        m_copies.insert(found, name);
+        m_taken.insert(name.toLower());
+        return name;
+    }
+
+private:
+    QString copyUnderFreeName(const QString& source, const QString& wanted) {
+        QByteArray content;
+        if (auto error = readFileBytes(source, content)) {
+            m_report.error = error;
+            return {};
+        }
+        for (int n = 1;; ++n) {
+            const QString name = n == 1 ? wanted : numbered(wanted, n);
+            if (m_taken.contains(name.toLower()))
+                continue;
+            const QString existing = findCaseInsensitive(QDir(m_target).filePath(name));
+            if (!existing.isEmpty()) {
+                QByteArray present;
+                if (!readFileBytes(existing, present) && present == content)
+                    return QFileInfo(existing).fileName();
+                continue;
+            }
+            if (auto error = writeFileBytes(QDir(m_target).filePath(name), content)) {
+                m_report.error = error;
+                return {};
+            }
+            m_report.copied.append(QDir(m_target).filePath(name));
+            return name;
+        }
+    }
+
+    static QString numbered(const QString& name, int n) {
+        const qsizetype dot = name.lastIndexOf(u'.');
+        const QString suffix = QStringLiteral("-") + QString::number(n);
+        return dot <= 0 ? name + suffix : name.left(dot) + suffix + name.mid(dot);
+    }
+
+    QString m_source;
+    QString m_target;
+    RelocationReport& m_report;
+    QHash<QString, QString> m_copies; // found source file -> name in the target folder
+    QSet<QString> m_taken;            // names given in this save, lower case
+};
+
+void relocateActionText(FileCopier& copier, Area& a) {
+    const QList<FileReference> references = fileReferences(a.ActionText);
+    if (references.isEmpty())
+        return;
+    QStringList names;
+    for (const FileReference& reference : references)
+        names.append(copier.relocate(reference.name));
+    a.ActionText = withReferenceNames(a.ActionText, references, names);
+}
+
+} // namespace
+
+RelocationReport relocateFiles(Template& t, const QString& sourceFolder,
+                               const QString& targetFolder) {
+    RelocationReport report;
+    FileCopier copier(sourceFolder, targetFolder, report);
+    if (!t.FitxGraf.isEmpty())
+        t.FitxGraf = copier.relocate(t.FitxGraf);
+    for (int16_t i = 1; i <= t.AreaCount() && !report.error; ++i) {
+        Area& a = t.area(i);
+        if (!a.Clip.isEmpty())
+            a.Clip = copier.relocate(a.Clip);
+        relocateActionText(copier, a);
+    }
+    return report;
+}
+
+bool movesFolder(const Template& t, const QString& newFile) {
+    if (t.isUntitled())
+        return false;
+    return canonicalFolder(QFileInfo(t.TemplateFileName).absolutePath()) !=
+           canonicalFolder(QFileInfo(newFile).absolutePath());
+}
+
+} // namespace mervak

@@ -1,0 +1,271 @@
+#include "template/TemplateFile.h"
+
+#include "support/TestFiles.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace mervak {
+namespace {
+
+using test::dataPath;
+using test::readAll;
+using test::writeAll;
+
+struct OpenCase {
+    const char* file;
+    int message;
+    int line;
+    bool pathShown;
+};
+
+TEST(TemplateFile, BrokenFilesLeaveAnEmptyUntitledTemplate) {
+    const OpenCase cases[] = {
+        {"broken/empty.mvw", 3, 1, true},
+        {"broken/truncated.mvw", 3, 10, true},
+        {"broken/text-for-number.mvw", 3, 4, true},
+        {"broken/number-for-text.mvw", 3, 5, true},
+        {"broken/count-too-large.mvw", 3, 42, true},
+        {"broken/negative-count.mvw", 3, 4, true},
+        {"broken/number-overflow.mvw", 3, 18, true},
+        {"broken/unterminated-quote.mvw", 3, 24, true},
+        {"broken/random-bytes.mvw", 3, 1, true},
+        {"broken/version-3.mvw", 14, 1, false},
+        {"broken/revision-1.mvw", 14, 1, false},
+        {"broken/empty.mvd", 2, 0, false},
+        {"broken/size-not-multiple.mvd", 2, 3, false},
+        {"broken/no-header.mvd", 2, 0, false},
+        {"broken/page-zero.mvd", 2, 2, false},
+        {"broken/unknown.txt", 2, 0, false},
+        {"broken/does-not-exist.mvw", 3, 0, true},
+    };
+    for (const auto& c : cases) {
+        Template t;
+        ASSERT_FALSE(openTemplate(t, dataPath("template/golden-v2.mvw")).error);
+        const QString path = dataPath(QStringLiteral("template/") + QLatin1String(c.file));
+        const OpenOutcome outcome = openTemplate(t, path);
+        ASSERT_TRUE(outcome.error) << c.file;
+        EXPECT_EQ(outcome.error->message, c.message) << c.file;
+        EXPECT_EQ(outcome.error->line, c.line) << c.file;
+        EXPECT_EQ(outcome.error->argument == QFileInfo(path).absoluteFilePath(), c.pathShown)
+            << c.file;
+        EXPECT_TRUE(t.isUntitled()) << c.file;
+        EXPECT_EQ(t.AreaCount(), 0) << c.file;
+        EXPECT_EQ(t.PageCount, 1) << c.file;
+        EXPECT_TRUE(t.FitxGraf.isEmpty()) << c.file;
+    }
+}
+
+TEST(TemplateFile, TheReadErrorTextEndsWithThePath) {
+    Template t;
+    const QString path = dataPath("template/broken/empty.mvw");
+    const OpenOutcome outcome = openTemplate(t, path);
+    ASSERT_TRUE(outcome.error);
+    EXPECT_EQ(outcome.error->text(Language::Catalan),
+              QStringLiteral("Error en llegir el fitxer ") + QFileInfo(path).absoluteFilePath());
+}
+
+TEST(TemplateFile, AnEmptyNameDoesNothing) {
+    Template t;
+    ASSERT_FALSE(openTemplate(t, dataPath("template/golden-v2.mvw")).error);
+    const OpenOutcome outcome = openTemplate(t, QString());
+    EXPECT_FALSE(outcome.error);
+    EXPECT_EQ(t.AreaCount(), 3);
+}
+
+TEST(TemplateFile, OpeningSetsTheNameAndTheFirstPage) {
+    Template t;
+    t.CurrentPage = 2;
+    const OpenOutcome outcome =
+        openTemplate(t, QStringLiteral("GOLDEN-V2.MVW"), dataPath("template"));
+    ASSERT_FALSE(outcome.error);
+    EXPECT_EQ(t.TemplateFileName, QFileInfo(dataPath("template/golden-v2.mvw")).absoluteFilePath());
+    EXPECT_EQ(windowTitle(t), QStringLiteral("Mervak - ") + t.TemplateFileName);
+    EXPECT_EQ(t.CurrentPage, 1);
+    EXPECT_EQ(t.PageAreaCount, 2);
+    EXPECT_EQ(t.CurrentArea, 0);
+    EXPECT_TRUE(t.Modified) << "every appended Area sets the modified flag";
+}
+
+class FolderTest : public ::testing::Test {
+protected:
+    QTemporaryDir dir;
+    QString file(const QString& name) const { return QDir(dir.path()).filePath(name); }
+    void mkdir(const QString& name) const { QDir(dir.path()).mkpath(name); }
+};
+
+TEST_F(FolderTest, AVersion2SheetImageGivesTheGraphDate) {
+    writeAll(file("lamina.bmp"), "BM");
+    Template t;
+    t.FitxGraf = QStringLiteral("C:\\ALTRES\\LAMINA.BMP");
+    ASSERT_FALSE(saveTemplate(t, file("a.mvw")).error);
+    Template opened;
+    ASSERT_FALSE(openTemplate(opened, file("a.mvw")).error);
+    EXPECT_EQ(opened.GraphDate, QFileInfo(file("lamina.bmp")).lastModified());
+    EXPECT_FALSE(opened.GraphChanged);
+
+    writeAll(file("v1.mvw"), readAll(dataPath("template/golden-v1.mvw")));
+    ASSERT_FALSE(openTemplate(opened, file("v1.mvw")).error);
+    EXPECT_FALSE(opened.GraphDate.isValid()) << "version 1 files do not take the date";
+}
+
+TEST_F(FolderTest, AnMvdImportTakesThePictureBesideIt) {
+    writeAll(file("LECTURA.MVD"), readAll(dataPath("template/golden.mvd")));
+    Template t;
+    OpenOutcome outcome = openTemplate(t, file("LECTURA.MVD"));
+    ASSERT_FALSE(outcome.error);
+    ASSERT_TRUE(outcome.warning);
+    EXPECT_EQ(outcome.warning->message, 15);
+    EXPECT_EQ(outcome.warning->text(Language::Catalan),
+              QStringLiteral("Dravon no troba el fitxer ") + file("LECTURA.BMP"));
+    EXPECT_EQ(t.FitxGraf, QStringLiteral("LECTURA.BMP"));
+    EXPECT_EQ(t.AreaCount(), 2);
+
+    writeAll(file("lectura.gif"), "GIF89a");
+    outcome = openTemplate(t, file("LECTURA.MVD"));
+    EXPECT_FALSE(outcome.warning);
+    EXPECT_EQ(t.FitxGraf, QStringLiteral("lectura.gif"));
+}
+
+TEST_F(FolderTest, SavingClearsTheModifiedFlagAndTakesTheName) {
+    Template t;
+    Area a;
+    a.Page = 1;
+    a.ActionText = QStringLiteral("x");
+    t.AppendArea(a);
+    const SaveOutcome outcome = saveTemplate(t, file("nova.mvw"));
+    ASSERT_FALSE(outcome.error);
+    EXPECT_FALSE(t.Modified);
+    EXPECT_EQ(t.TemplateFileName, file("nova.mvw"));
+    EXPECT_TRUE(outcome.copiedFiles.isEmpty());
+}
+
+TEST_F(FolderTest, AFailedSaveChangesNothing) {
+    Template t;
+    t.Modified = true;
+    const SaveOutcome outcome = saveTemplate(t, file("no-such-folder/a.mvw"));
+    ASSERT_TRUE(outcome.error);
+    EXPECT_EQ(outcome.error->message, 104);
+    EXPECT_TRUE(t.Modified);
+    EXPECT_TRUE(t.isUntitled());
+}
+
+TEST(TemplateFile, SaveAsNameRule) {
+    const struct {
+        const char* given;
+        const char* written;
+    } cases[] = {
+        {"/t/a.mvw", "/t/a.mvw"},   {"/t/a.MVD", "/t/a.MVD"}, {"/t/a.mvd", "/t/a.mvd"},
+        {"/t/a", "/t/a.MVW"},       {"/t/a.txt", "/t/a.MVW"}, {"/t/a.b.c", "/t/a.MVW"},
+        {"/t.d/a.x", "/t.d/a.MVW"}, {"a.Mvw", "a.Mvw"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(saveAsFileName(QLatin1String(c.given)), QLatin1String(c.written)) << c.given;
+}
+
+TEST_F(FolderTest, SaveAsWritesTheVersion1LayoutAndReadsBack) {
+    Template t;
+    ASSERT_FALSE(openTemplate(t, dataPath("template/golden-v2.mvw")).error);
+    const SaveOutcome outcome = saveTemplateAs(t, file("copia.txt"));
+    ASSERT_FALSE(outcome.error);
+    EXPECT_EQ(t.TemplateFileName, file("copia.MVW"));
+    EXPECT_FALSE(t.Modified);
+    const QByteArray bytes = readAll(file("copia.MVW"));
+    EXPECT_TRUE(bytes.startsWith(" 2 \r\n 0 \r\n"));
+    Template back;
+    ASSERT_FALSE(openTemplate(back, file("copia.MVW")).error);
+    ASSERT_EQ(back.AreaCount(), 3);
+    for (int16_t i = 1; i <= 3; ++i)
+        EXPECT_TRUE(back.area(i) == t.area(i)) << i;
+    EXPECT_EQ(back.HeaderFlag, 0) << "the version 1 layout has no lines 14 to 17";
+}
+
+TEST_F(FolderTest, SaveAsMvdExportsAndReportsLosses) {
+    Template t;
+    ASSERT_FALSE(openTemplate(t, dataPath("template/golden-v2.mvw")).error);
+    const SaveOutcome outcome = saveTemplateAs(t, file("dos.mvd"));
+    ASSERT_FALSE(outcome.error);
+    EXPECT_EQ(t.TemplateFileName, file("dos.mvd"));
+    EXPECT_FALSE(outcome.losses.isEmpty());
+    Template back;
+    ASSERT_FALSE(openTemplate(back, file("dos.mvd")).error);
+    EXPECT_EQ(back.area(1).ActionText, QStringLiteral("hola{ENTER}"));
+}
+
+TEST_F(FolderTest, AnImportedSheetImageNameIsNoLossOnExport) {
+    writeAll(file("LECTURA.MVD"), readAll(dataPath("template/golden.mvd")));
+    Template t;
+    ASSERT_FALSE(openTemplate(t, file("LECTURA.MVD")).error);
+    const SaveOutcome outcome = saveTemplateAs(t, file("lectura2.mvd"));
+    ASSERT_FALSE(outcome.error);
+    EXPECT_EQ(outcome.losses.size(), 1) << "FitxGraf names another picture than lectura2";
+    const SaveOutcome same = saveTemplateAs(t, file("LECTURA.MVD"));
+    EXPECT_TRUE(same.losses.isEmpty());
+}
+
+TEST_F(FolderTest, SavingIntoAnotherFolderTakesTheImageAndClipsAlong) {
+    mkdir("vella/sons");
+    mkdir("nova");
+    mkdir("altra");
+    writeAll(file("vella/lamina.bmp"), "BM-sheet");
+    writeAll(file("vella/sons/bell.wav"), "RIFF-bell");
+    writeAll(file("vella/dibuix.bmp"), "BM-picture");
+    writeAll(file("altra/dibuix.bmp"), "BM-other-picture");
+    writeAll(file("vella/text.txt"), "hola");
+    writeAll(file("nova/text.txt"), "a different text already there");
+
+    Template t;
+    t.FitxGraf = QStringLiteral("C:\\PLANT\\VELLA\\LAMINA.BMP");
+    const char* texts[] = {
+        "{|Sona sons\\BELL.WAV}a",
+        "{|Enganxa dibuix.bmp}{|ENGANXA  " /* double blank kept */ "dibuix.bmp }",
+        "{|Enganxa ../altra/dibuix.bmp}",
+        "{|Enganxa text.txt}{|Sona falta.wav}{|Enganxa {|RM }}",
+    };
+    for (const char* text : texts) {
+        Area a;
+        a.Page = 1;
+        a.ActionText = QString::fromUtf8(text);
+        t.AppendArea(a);
+    }
+    t.area(1).Clip = QStringLiteral("dibuix.bmp");
+    ASSERT_FALSE(saveTemplate(t, file("vella/plantilla.mvw")).error);
+    ASSERT_EQ(t.FitxGraf, QStringLiteral("C:\\PLANT\\VELLA\\LAMINA.BMP"))
+        << "saving in its own folder rewrites nothing";
+
+    const SaveOutcome outcome = saveTemplate(t, file("nova/plantilla.mvw"));
+    ASSERT_FALSE(outcome.error);
+    EXPECT_EQ(outcome.missingFiles, QStringList{QStringLiteral("falta.wav")});
+    EXPECT_EQ(outcome.copiedFiles.size(), 5);
+    EXPECT_EQ(readAll(file("nova/LAMINA.BMP")), QByteArray("BM-sheet"));
+    EXPECT_EQ(readAll(file("nova/BELL.WAV")), QByteArray("RIFF-bell"));
+    EXPECT_EQ(readAll(file("nova/dibuix.bmp")), QByteArray("BM-picture"));
+    EXPECT_EQ(readAll(file("nova/dibuix-2.bmp")), QByteArray("BM-other-picture"));
+    EXPECT_EQ(readAll(file("nova/text.txt")), QByteArray("a different text already there"));
+    EXPECT_EQ(readAll(file("nova/text-2.txt")), QByteArray("hola"));
+
+    Template reopened;
+    ASSERT_FALSE(openTemplate(reopened, file("nova/plantilla.mvw")).error);
+    EXPECT_EQ(reopened.FitxGraf, QStringLiteral("LAMINA.BMP"));
+    EXPECT_TRUE(reopened.GraphDate.isValid()) << "the image opens from the new folder";
+    EXPECT_EQ(reopened.area(1).Clip, QStringLiteral("dibuix.bmp"));
+    EXPECT_EQ(reopened.area(1).ActionText, QStringLiteral("{|Sona BELL.WAV}a"));
+    EXPECT_EQ(reopened.area(2).ActionText,
+              QStringLiteral("{|Enganxa dibuix.bmp}{|ENGANXA  dibuix.bmp }"));
+    EXPECT_EQ(reopened.area(3).ActionText, QStringLiteral("{|Enganxa dibuix-2.bmp}"));
+    EXPECT_EQ(reopened.area(4).ActionText,
+              QStringLiteral("{|Enganxa text-2.txt}{|Sona falta.wav}{|Enganxa {|RM }}"));
+    EXPECT_EQ(t.TemplateFileName, file("nova/plantilla.mvw"));
+    EXPECT_EQ(t.area(1).ActionText, reopened.area(1).ActionText)
+        << "the open Template is what was written";
+
+    const SaveOutcome again = saveTemplate(t, file("vella/tornada.mvw"));
+    ASSERT_FALSE(again.error);
+    EXPECT_EQ(again.copiedFiles.size(), 3)
+        << "the sheet and dibuix.bmp are there with the same content";
+}
+
+} // namespace
+} // namespace mervak
