@@ -1,6 +1,7 @@
 #include "devices/ReplyWait.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace mervak {
 
@@ -33,9 +34,11 @@ void ReplyWait::cancel() {
     waiting_ = false;
 }
 
+// Hands over a copy: a receiver may begin the next wait at once.
 void ReplyWait::finish() {
     cancel();
-    emit finished(reply_);
+    const QString reply = std::exchange(reply_, QString());
+    emit finished(reply);
 }
 
 } // namespace mervak

@@ -1,6 +1,7 @@
 #include "devices/EasyPacket.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 namespace mervak {
 namespace {
@@ -55,6 +56,23 @@ TEST(EasyPacket, KeepsTheReadAndTheTextFromTheCaret) {
 
     const EasyReceive high = decodeEasyRead(bytes({0x80, 94, 1, 2}));
     EXPECT_EQ(high.rxCopy, QString::fromUtf8("€^\x01\x02"));
+}
+
+TEST(EasyPacket, RandomReadsGiveOnlyPositionsInRange) {
+    std::mt19937 random(42);
+    for (int i = 0; i < 20000; ++i) {
+        QByteArray read(static_cast<qsizetype>(random() % 8), '\0');
+        for (char& c : read)
+            c = static_cast<char>(random() % 4 == 0 ? '^' : random() & 0xFF);
+        const EasyReceive r = decodeEasyRead(read);
+        EXPECT_EQ(r.rxCopy.size(), read.size()) << read.toHex().toStdString();
+        if (!r.position)
+            continue;
+        EXPECT_GE(r.rxMarker, 1) << read.toHex().toStdString();
+        EXPECT_TRUE(r.position->x >= 0 && r.position->x <= 119 && r.position->y >= 0 &&
+                    r.position->y <= 119)
+            << read.toHex().toStdString();
+    }
 }
 
 TEST(EasyPacket, APacketSplitAcrossReadsIsLost) {
