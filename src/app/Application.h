@@ -1,0 +1,109 @@
+#pragma once
+
+#include "action/ActionRunner.h"
+#include "action/ActionState.h"
+#include "app/EasyDeviceSource.h"
+#include "app/MainWindow.h"
+#include "app/PressDispatcher.h"
+#include "app/TargetTracker.h"
+#include "app/VirtualTablet.h"
+#include "devices/EasyTablet.h"
+#include "platform/NoAudio.h"
+#include "platform/NoRegistry.h"
+#include "platform/Settings.h"
+#include "platform/SingleInstance.h"
+#include "platform/qt/QtClipboard.h"
+#include "platform/qt/QtProgramLauncher.h"
+#include "platform/qt/SystemClock.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Keyboard.h"
+#include "platform/x11/X11Pointer.h"
+#include "platform/x11/X11WindowSystem.h"
+#include "template/Template.h"
+
+#include <QObject>
+#include <QTimer>
+#include <memory>
+
+namespace mervak {
+
+// The running program: owns the program-wide state, the platform backends, the
+// device, the timers and the windows, and wires them together.
+class Application : public QObject {
+    Q_OBJECT
+public:
+    // `arguments` excludes the program name; `homeFolder` holds MERVAK.INI.
+    Application(const QStringList& arguments, const QString& homeFolder);
+    ~Application() override;
+
+    // Brings the program up; false when it must end at once (a second copy).
+    bool start();
+
+    MainWindow& mainWindow() { return window_; }
+
+signals:
+    // The device start ended; for the demo and the tests.
+    void deviceStarted(bool present);
+
+private:
+    void readConfiguration();
+    void startDevice();
+    void onDeviceStartFinished(bool ok, const QString& message);
+    void failDeviceStart();
+    void openFromCommandLine();
+    void wireWindow();
+    void wireRunner();
+
+    void SetTabletActive(bool active);
+    void updateTimer1();
+    void translate();
+    void chooseLanguage(Language language);
+    void refreshSheet();
+    void showPage(int page);
+    void openTemplate(const QString& path);
+    void openWithDialog();
+    void saveWithDialog(bool saveAs);
+    void newTemplate();
+    void activateTarget();
+    QString targetTitle() const;
+    bool isOwnWindow(WindowId window) const;
+    void showVirtualTablet(bool shown);
+    void showMessage(const QString& text, bool critical = false);
+    void setStatus(const QString& text);
+    void closeProgram();
+
+    SingleInstance instance_;
+    QStringList arguments_;
+    QString homeFolder_;
+    Settings settings_;
+    Template template_;
+    ActionState actionState_;
+    bool devicePresent_ = false;
+    bool tabletActive_ = false;
+    QString portName_;
+    bool openedFromCommandLine_ = false;
+
+    X11Connection x11_;
+    X11Keyboard keyboard_;
+    X11Pointer pointer_;
+    X11WindowSystem windows_;
+    QtClipboard clipboard_;
+    QtProgramLauncher launcher_;
+    SystemClock clock_;
+    NoSound sound_;
+    NoSpeech speech_;
+    NoRegistry registry_;
+
+    std::unique_ptr<ActionRunner> runner_;
+    std::unique_ptr<PressDispatcher> dispatcher_;
+    EasyTablet easy_;
+    EasyDeviceSource easySource_;
+    NoDevice noDevice_;
+    TargetTracker targetTracker_;
+    MainWindow window_;
+    VirtualTablet virtualTablet_;
+    QTimer timer1_;
+    QTimer timer2_;
+};
+
+} // namespace mervak

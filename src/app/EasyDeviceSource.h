@@ -1,0 +1,25 @@
+#pragma once
+
+#include "app/DeviceSource.h"
+#include "devices/EasyTablet.h"
+#include "platform/Checked16.h"
+
+namespace mervak {
+
+// The serial tablet's position slot; a press when X * Y, in 16-bit arithmetic,
+// is not 0.
+class EasyDeviceSource : public DeviceSource {
+public:
+    explicit EasyDeviceSource(const EasyTablet& tablet) : tablet_(tablet) {}
+
+    DeviceReading read() override { return reading(tablet_.easyPosition()); }
+
+    static DeviceReading reading(PressPoint position) {
+        return {mul16(position.x, position.y) != 0, position.x, position.y};
+    }
+
+private:
+    const EasyTablet& tablet_;
+};
+
+} // namespace mervak

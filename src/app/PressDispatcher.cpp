@@ -1,0 +1,149 @@
+#include "app/PressDispatcher.h"
+
+#include "platform/Checked16.h"
+#include "platform/Language.h"
+#include "platform/PathResolver.h"
+#include "platform/TextEncoding.h"
+#include "template/AreaHitTest.h"
+
+#include <QFile>
+
+namespace mervak {
+
+namespace {
+
+constexpr int16_t kPollsToForget = 5;
+constexpr int16_t kPollsToEndDrawing = 12;
+
+} // namespace
+
+PressDispatcher::PressDispatcher(Context context, QObject* parent)
+    : QObject(parent), context_(std::move(context)) {}
+
+void PressDispatcher::DispatchPress(int16_t x, int16_t y) {
+    const AreaHit hit = FindArea(context_.tmpl, x, y);
+    if (hit.index == 0)
+        return;
+    const Area area = context_.tmpl.area(hit.index);
+    if (devicePresent_ && hit.index == lastArea_ && area.Flags == 0)
+        return;
+    lastArea_ = hit.index;
+    if (!area.Clip.isEmpty() && !loadClip(area))
+        return;
+    if (!area.ActionText.isEmpty())
+        context_.runActionText(area.ActionText);
+}
+
+// A missing clip file ends the press, as a file error would; the status line says why.
+bool PressDispatcher::loadClip(const Area& area) {
+    context_.clipboard.clear();
+    const QString path = resolveStoredPath(area.Clip, context_.workingFolder());
+    const QString failure = Message(context_.language(), 3) + path;
+    if (area.ClipFlag == 1) {
+        if (context_.clipboard.setPictureFromFile(path))
+            return true;
+        emit problem(failure);
+        return false;
+    }
+    if (area.ClipFlag != 0)
+        return true;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        emit problem(failure);
+        return false;
+    }
+    const QString text = decodeFileText(file.readAll()).text;
+    emit clipTextLoaded(text);
+    context_.clipboard.setText(text);
+    return true;
+}
+
+void PressDispatcher::setVirtualPress(const QPointF& sheetPoint) {
+    virtualX_ = roundToInt16(sheetPoint.x());
+    virtualY_ = roundToInt16(sheetPoint.y());
+    emit virtualPressPending(true);
+    emit refocusTargetRequested();
+}
+
+bool PressDispatcher::isPress(const DeviceReading& reading) {
+    return reading.status && reading.x != 0 && reading.y != 0;
+}
+
+void PressDispatcher::pressFromDevice(const DeviceReading& reading) {
+    if (context_.tmpl.SoundActive != 0)
+        context_.beep();
+    emptyPolls_ = 0;
+    DispatchPress(reading.x, reading.y);
+}
+
+void PressDispatcher::deviceReadingArrived(const DeviceReading& reading) {
+    const bool startsPress = isPress(reading) && !isPress(lastReading_);
+    lastReading_ = reading;
+    if (!startsPress || virtualTabletShown_ || drawWithDevice_)
+        return;
+    arrivalHandled_ = true;
+    pressFromDevice(reading);
+}
+
+void PressDispatcher::tick() {
+    try {
+        if (virtualTabletShown_)
+            virtualTabletTick();
+        else if (!drawWithDevice_)
+            normalTick();
+        else
+            drawingTick();
+    } catch (const Overflow16&) {
+        emit problem(TranslateCaption(context_.language(), QStringLiteral("Desbordament numèric")));
+    }
+}
+
+void PressDispatcher::virtualTabletTick() {
+    emit refocusTargetRequested();
+    if (virtualX_ != -1) {
+        context_.beep();
+        const int16_t x = virtualX_;
+        virtualX_ = -1;
+        DispatchPress(x, virtualY_);
+        emit virtualPressPending(false);
+    }
+}
+
+void PressDispatcher::normalTick() {
+    const DeviceReading reading = device_ ? device_->read() : DeviceReading{};
+    const bool alreadyPolled = arrivalHandled_ && reading.x == lastReading_.x &&
+                               reading.y == lastReading_.y && reading.status == lastReading_.status;
+    arrivalHandled_ = false;
+    lastReading_ = reading;
+    if (alreadyPolled)
+        return;
+    if (isPress(reading)) {
+        pressFromDevice(reading);
+    } else if (lastArea_ != 0) {
+        emptyPolls_ = add16(emptyPolls_, 1);
+        if (emptyPolls_ == kPollsToForget)
+            lastArea_ = 0;
+    }
+}
+
+void PressDispatcher::drawingTick() {
+    const DeviceReading reading = device_ ? device_->read() : DeviceReading{};
+    if (!reading.status) {
+        emptyPolls_ = add16(emptyPolls_, 1);
+        if (emptyPolls_ == 1)
+            context_.beep();
+        if (emptyPolls_ >= kPollsToEndDrawing && dragging_) {
+            context_.beep();
+            dragging_ = false;
+            emit drawWithDevice(reading.x, reading.y, 2);
+        }
+        return;
+    }
+    emptyPolls_ = 0;
+    if (reading.x != 0 && reading.y != 0) {
+        emit drawWithDevice(reading.x, reading.y, dragging_ ? 1 : 0);
+        dragging_ = true;
+    }
+}
+
+} // namespace mervak

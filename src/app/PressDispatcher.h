@@ -1,0 +1,88 @@
+#pragma once
+
+#include "app/DeviceSource.h"
+#include "platform/Clipboard.h"
+#include "platform/Language.h"
+#include "template/Template.h"
+
+#include <QObject>
+#include <QPointF>
+#include <functional>
+
+namespace mervak {
+
+// Turns presses into Areas fired: the hit test on the current page, the repeat
+// suppression, the clip file and the hand-over of the ActionText. It also holds
+// the polling of the device, one `tick` per Timer1 interval.
+class PressDispatcher : public QObject {
+    Q_OBJECT
+public:
+    struct Context {
+        Template& tmpl;
+        Clipboard& clipboard;
+        std::function<QString()> workingFolder;
+        std::function<void(const QString&)> runActionText;
+        std::function<void()> beep;
+        std::function<Language()> language;
+    };
+
+    explicit PressDispatcher(Context context, QObject* parent = nullptr);
+
+    void setDevice(DeviceSource* device) { device_ = device; }
+    void setDevicePresent(bool present) { devicePresent_ = present; }
+    bool devicePresent() const { return devicePresent_; }
+    void setVirtualTabletShown(bool shown) { virtualTabletShown_ = shown; }
+    void setDrawWithDevice(bool on) { drawWithDevice_ = on; }
+
+    // Fires the Area under the point on the current page, unless it repeats the
+    // last one while a device is present and the Area does not repeat readings.
+    void DispatchPress(int16_t x, int16_t y);
+
+    // A click on the virtual tablet: dispatched by the next tick.
+    void setVirtualPress(const QPointF& sheetPoint);
+
+    // A serial packet that starts a press is dispatched when it arrives; the next
+    // tick then counts that reading as already polled.
+    void deviceReadingArrived(const DeviceReading& reading);
+
+    // One Timer1 interval.
+    void tick();
+
+    int16_t LastArea() const { return lastArea_; }
+    int16_t EmptyPolls() const { return emptyPolls_; }
+
+signals:
+    // The text of a text clip file, for the window that shows it.
+    void clipTextLoaded(const QString& text);
+    // Something went wrong in plain words, for the status line.
+    void problem(const QString& message);
+    // The virtual tablet's busy pointer goes on with a click and off with its dispatch.
+    void virtualPressPending(bool pending);
+    // Focus goes back to the target on every virtual-tablet tick.
+    void refocusTargetRequested();
+    // Drawing an Area with the pen: mode 0 start, 1 move, 2 end.
+    void drawWithDevice(int16_t x, int16_t y, int mode);
+
+private:
+    static bool isPress(const DeviceReading& reading);
+    void pressFromDevice(const DeviceReading& reading);
+    void virtualTabletTick();
+    void normalTick();
+    void drawingTick();
+    bool loadClip(const Area& area);
+
+    Context context_;
+    DeviceSource* device_ = nullptr;
+    bool devicePresent_ = false;
+    bool virtualTabletShown_ = false;
+    bool drawWithDevice_ = false;
+    bool dragging_ = false;
+    bool arrivalHandled_ = false; // the reading in lastReading_ was dispatched when it arrived
+    DeviceReading lastReading_;
+    int16_t lastArea_ = 0;
+    int16_t emptyPolls_ = 0;
+    int16_t virtualX_ = -1;
+    int16_t virtualY_ = -1;
+};
+
+} // namespace mervak
