@@ -1,0 +1,213 @@
+#include "app/PressDispatcher.h"
+
+#include "app/EasyDeviceSource.h"
+#include "support/FakeClipboard.h"
+#include "support/TestFiles.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <deque>
+#include <gtest/gtest.h>
+
+namespace mervak {
+namespace {
+
+// Readings handed out one per poll; nothing pressed once they run out.
+class ScriptedDevice : public DeviceSource {
+public:
+    std::deque<DeviceReading> readings;
+    DeviceReading read() override {
+        if (readings.empty())
+            return {false, 0, 0};
+        const DeviceReading next = readings.front();
+        readings.pop_front();
+        return next;
+    }
+};
+
+DeviceReading pen(int16_t x, int16_t y) {
+    return {true, x, y};
+}
+DeviceReading lifted() {
+    return {false, 0, 0};
+}
+
+Area area(int16_t x0, int16_t y0, int16_t x1, int16_t y1, const QString& text, int16_t page = 1) {
+    Area a;
+    a.X0 = x0;
+    a.Y0 = y0;
+    a.X1 = x1;
+    a.Y1 = y1;
+    a.Page = page;
+    a.ActionText = text;
+    return a;
+}
+
+class PressDispatcherTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        tmpl.PageCount = 2;
+        tmpl.AppendArea(area(10, 10, 50, 50, "A"));
+        tmpl.AppendArea(area(40, 40, 80, 80, "B"));
+        tmpl.AppendArea(area(10, 10, 50, 50, "other page", 2));
+        tmpl.AppendArea(area(100, 100, 90, 90, "reversed"));
+        dispatcher.setDevice(&device);
+    }
+
+    void poll(const std::vector<DeviceReading>& readings) {
+        for (const auto& reading : readings) {
+            device.readings.push_back(reading);
+            dispatcher.tick();
+        }
+    }
+
+    Template tmpl;
+    test::FakeClipboard clipboard;
+    ScriptedDevice device;
+    QStringList fired;
+    int beeps = 0;
+    QString workingFolder;
+    PressDispatcher dispatcher{{tmpl, clipboard, [this] { return workingFolder; },
+                                [this](const QString& text) { fired.append(text); },
+                                [this] { ++beeps; }, [] { return Language::Catalan; }}};
+};
+
+TEST_F(PressDispatcherTest, FiresTheFirstAreaThatHoldsThePoint) {
+    struct Case {
+        int16_t x, y;
+        QString fired;
+    };
+    const Case cases[] = {
+        {30, 30, "A"}, {45, 45, "A"},        {50, 50, "A"},         {51, 51, "B"}, {80, 80, "B"},
+        {81, 80, ""},  {95, 95, "reversed"}, {100, 90, "reversed"}, {9, 30, ""},   {120, 120, ""},
+    };
+    for (const auto& c : cases) {
+        fired.clear();
+        PressDispatcher fresh({tmpl, clipboard, [] { return QString(); },
+                               [this](const QString& text) { fired.append(text); }, [] {},
+                               [] { return Language::Catalan; }});
+        fresh.DispatchPress(c.x, c.y);
+        EXPECT_EQ(fired.join(","), c.fired) << c.x << "," << c.y;
+    }
+}
+
+TEST_F(PressDispatcherTest, AHeldPenFiresOnceUntilFiveEmptyPolls) {
+    dispatcher.setDevicePresent(true);
+    poll({pen(30, 30), pen(30, 30), pen(30, 30)});
+    EXPECT_EQ(fired, QStringList{"A"});
+    poll({lifted(), lifted(), lifted(), lifted(), pen(30, 30)});
+    EXPECT_EQ(fired, QStringList{"A"}) << "four empty polls keep the Area";
+    poll({lifted(), lifted(), lifted(), lifted(), lifted(), pen(30, 30)});
+    EXPECT_EQ(fired, (QStringList{"A", "A"})) << "the fifth forgets it";
+    poll({pen(60, 60), pen(30, 30)});
+    EXPECT_EQ(fired, (QStringList{"A", "A", "B", "A"})) << "a press elsewhere forgets it too";
+}
+
+TEST_F(PressDispatcherTest, ZeroCoordinatesAndBadStatusAreNoPress) {
+    dispatcher.setDevicePresent(true);
+    tmpl.AppendArea(area(0, 0, 5, 5, "corner"));
+    poll({{true, 0, 3}, {true, 3, 0}, {false, 3, 3}, {true, 3, 3}});
+    EXPECT_EQ(fired, QStringList{"corner"});
+}
+
+TEST_F(PressDispatcherTest, RepeatedReadingsFireOnEveryPoll) {
+    dispatcher.setDevicePresent(true);
+    tmpl.area(1).Flags = 1;
+    poll({pen(30, 30), pen(30, 30), pen(30, 30)});
+    EXPECT_EQ(fired.size(), 3);
+}
+
+TEST_F(PressDispatcherTest, BeepsOnDevicePressesOnlyWithSoundOn) {
+    dispatcher.setDevicePresent(true);
+    poll({pen(30, 30), lifted()});
+    EXPECT_EQ(beeps, 0);
+    tmpl.SoundActive = -1;
+    poll({pen(60, 60)});
+    EXPECT_EQ(beeps, 1);
+}
+
+TEST_F(PressDispatcherTest, VirtualTabletRepeatsOnlyWithoutADevice) {
+    dispatcher.setVirtualTabletShown(true);
+    for (int click = 0; click < 2; ++click) {
+        dispatcher.setVirtualPress({30.4, 29.6});
+        dispatcher.tick();
+    }
+    EXPECT_EQ(fired, (QStringList{"A", "A"}));
+    EXPECT_EQ(beeps, 2) << "the virtual tablet always beeps";
+
+    fired.clear();
+    dispatcher.setDevicePresent(true);
+    for (int click = 0; click < 2; ++click) {
+        dispatcher.setVirtualPress({60, 60});
+        dispatcher.tick();
+        dispatcher.tick();
+    }
+    EXPECT_EQ(fired, QStringList{"B"});
+}
+
+TEST_F(PressDispatcherTest, AnArrivingPressFiresAtOnceAndIsNotPolledTwice) {
+    dispatcher.setDevicePresent(true);
+    tmpl.area(1).Flags = 1; // repeats: a second firing would show
+    dispatcher.deviceReadingArrived(pen(30, 30));
+    EXPECT_EQ(fired.size(), 1) << "dispatched on arrival";
+    device.readings.push_back(pen(30, 30));
+    dispatcher.tick();
+    EXPECT_EQ(fired.size(), 1) << "the tick counts the reading as polled";
+    device.readings.push_back(pen(30, 30));
+    dispatcher.tick();
+    EXPECT_EQ(fired.size(), 2) << "later polls repeat as before";
+    dispatcher.deviceReadingArrived(pen(31, 31));
+    EXPECT_EQ(fired.size(), 2) << "a moving pen does not start a new press";
+}
+
+TEST_F(PressDispatcherTest, ClipFilesGoToTheClipboardBeforeTheActionText) {
+    QTemporaryDir dir;
+    workingFolder = dir.path();
+    test::writeAll(dir.filePath("Text.TXT"), "bon dia\xe0");
+    tmpl.area(1).Clip = "TEXT.txt";
+    QSignalSpy loaded(&dispatcher, &PressDispatcher::clipTextLoaded);
+    dispatcher.DispatchPress(30, 30);
+    EXPECT_EQ(clipboard.text(), QStringLiteral("bon diaà"));
+    ASSERT_EQ(loaded.size(), 1);
+    EXPECT_EQ(fired, QStringList{"A"});
+
+    tmpl.area(2).Clip = "missing.bmp";
+    tmpl.area(2).ClipFlag = 1;
+    QSignalSpy problem(&dispatcher, &PressDispatcher::problem);
+    dispatcher.DispatchPress(60, 60);
+    ASSERT_EQ(problem.size(), 1);
+    EXPECT_TRUE(problem.first().first().toString().startsWith("Error en llegir el fitxer "));
+    EXPECT_EQ(fired, QStringList{"A"}) << "a missing clip ends the press";
+}
+
+TEST_F(PressDispatcherTest, AnOverflowingReadingIsReportedNotFatal) {
+    PressPoint huge{300, 300};
+    EXPECT_THROW(EasyDeviceSource::reading(huge), Overflow16);
+    class Overflowing : public DeviceSource {
+        DeviceReading read() override { return EasyDeviceSource::reading({300, 300}); }
+    } overflowing;
+    dispatcher.setDevice(&overflowing);
+    QSignalSpy problem(&dispatcher, &PressDispatcher::problem);
+    dispatcher.tick();
+    EXPECT_EQ(problem.size(), 1);
+    EXPECT_TRUE(fired.isEmpty());
+}
+
+TEST_F(PressDispatcherTest, DrawingWithThePenStartsMovesAndEnds) {
+    dispatcher.setDrawWithDevice(true);
+    QSignalSpy draw(&dispatcher, &PressDispatcher::drawWithDevice);
+    poll({pen(10, 10), pen(20, 20), lifted()});
+    for (int i = 0; i < 10; ++i)
+        poll({lifted()});
+    EXPECT_EQ(draw.size(), 2) << "eleven empty polls keep drawing";
+    poll({lifted()});
+    ASSERT_EQ(draw.size(), 3);
+    EXPECT_EQ(draw[0][2].toInt(), 0);
+    EXPECT_EQ(draw[1][2].toInt(), 1);
+    EXPECT_EQ(draw[2][2].toInt(), 2);
+    EXPECT_EQ(beeps, 2) << "first empty poll and the end";
+    EXPECT_TRUE(fired.isEmpty());
+}
+
+} // namespace
+} // namespace mervak
