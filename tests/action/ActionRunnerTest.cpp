@@ -2,6 +2,7 @@
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 namespace mervak {
 namespace {
@@ -229,6 +230,34 @@ TEST(ActionRunner, RunsAgainAfterANestingProblem) {
     bench.log.lines.clear();
     bench.run("ok");
     EXPECT_EQ(bench.log.lines, (QStringList{"activate Notepad - doc", "type ok", "flush"}));
+}
+
+// Texts glued from pieces of the language at random, with the register and the
+// clipboard holding such texts too: every one must run to its end.
+TEST(ActionRunner, SurvivesGarbage) {
+    const QStringList pieces = {"{|",    "}",        "{",        "|",          "(",
+                                ")",     "+",        "^",        "%",          "~",
+                                "a",     " ",        "#",        "[",          "]",
+                                "\\",    "RM ",      "RCW",      "M+ ",        "M- ",
+                                "CM",    "SIM ",     "Tria ",    "Mouse ",     "CE ",
+                                "PE 3 ", "Espera 2", "Pagina 9", "Sona X.WAV", "Enganxa x.txt",
+                                "ENTER", "LEFT 2",   "99999",    "-1"};
+    std::mt19937 generator(2024);
+    const auto garbage = [&] {
+        QString text;
+        const int length = static_cast<int>(generator() % 24);
+        for (int i = 0; i < length; ++i)
+            text += pieces[static_cast<qsizetype>(generator() % pieces.size())];
+        return text;
+    };
+    for (int i = 0; i < 1000; ++i) {
+        RunnerBench bench;
+        bench.state.memoryRegister = garbage();
+        bench.clipboard.hold(garbage());
+        const QString text = garbage();
+        bench.run(text);
+        ASSERT_FALSE(bench.runner.isBusy()) << text;
+    }
 }
 
 } // namespace
