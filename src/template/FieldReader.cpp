@@ -81,8 +81,6 @@ QString FieldReader::readQuoted() {
 
 QString FieldReader::readBare() {
     skipBlanks();
-    if (m_pos < m_text.size() && m_text[m_pos] == u'"')
-        return readQuoted();
     if (m_pos >= m_text.size())
         fail(m_line);
     const qsizetype start = m_pos;

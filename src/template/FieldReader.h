@@ -26,8 +26,8 @@ public:
     // A text between double quotes; character 182 comes back as a double quote.
     QString readQuoted();
 
-    // A text without quotes, up to the first comma (the rest of that line is
-    // dropped) or the line end; a value that starts with a quote reads as quoted.
+    // A text taken as it stands, up to the first comma (the rest of that line is
+    // dropped) or the line end, so it never holds a comma or a line end.
     QString readBare();
 
     // True when only blanks and line ends remain.

@@ -1,5 +1,7 @@
 #include "template/FieldWriter.h"
 
+#include "platform/TextEncoding.h"
+
 #include <array>
 
 namespace mervak {
@@ -36,6 +38,13 @@ void FieldWriter::writeQuoted(const QString& value) {
 void FieldWriter::writeBare(const QString& value) {
     m_text.append(value);
     endLine();
+}
+
+QByteArray FieldWriter::bytes() const {
+    if (!fitsWindows1252(m_text))
+        return m_text.toUtf8();
+    QByteArray legacy = toWindows1252(m_text);
+    return looksLikeUtf8(legacy) ? m_text.toUtf8() : legacy;
 }
 
 void FieldWriter::endLine() {

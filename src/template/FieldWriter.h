@@ -21,6 +21,11 @@ public:
 
     const QString& text() const { return m_text; }
 
+    // The file's bytes: Windows-1252 when every character fits and those bytes
+    // do not happen to read as UTF-8 (as "Ã§" would), else UTF-8; either way
+    // they read back as the same text.
+    QByteArray bytes() const;
+
 private:
     void endLine();
 

@@ -1,6 +1,5 @@
 #include "template/MvwWriter.h"
 
-#include "platform/TextEncoding.h"
 #include "template/FieldWriter.h"
 
 namespace mervak {
@@ -62,14 +61,14 @@ QByteArray writeMvw(const Template& t) {
     out.writeInteger(t.sv_locutor);
     out.writeInteger(t.SV_velocitat);
     writeAreas(out, t, RecordLayout::WithoutClipFlag);
-    return encodeFileText(out.text());
+    return out.bytes();
 }
 
 QByteArray writeMvwSaveAs(const Template& t) {
     FieldWriter out(expectedSize(t));
     writeCommonHeader(out, t);
     writeAreas(out, t, RecordLayout::WithClipFlag);
-    return encodeFileText(out.text());
+    return out.bytes();
 }
 
 } // namespace mervak

@@ -45,7 +45,7 @@ QByteArray writePageModel(const Template& t, int16_t page) {
         out.writeQuoted(a.ActionText);
         out.writeInteger(a.Flags);
     }
-    return encodeFileText(out.text());
+    return out.bytes();
 }
 
 std::optional<TemplateError> readPageModel(const QByteArray& bytes, QList<Area>& areas) {

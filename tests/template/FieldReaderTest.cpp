@@ -52,6 +52,7 @@ TEST(FieldReader, ReadsValuesAndSaysWhereTheyFail) {
         {"bare empty line", "\r\n 3 \r\n", {Bare, Integer}, {"", "3"}, 0},
         {"bare cut at comma", "C:\\a,b.bmp\r\n 3 \r\n", {Bare, Integer}, {"C:\\a", "3"}, 0},
         {"bare trailing blanks", "a.bmp  \r\n", {Bare}, {"a.bmp"}, 0},
+        {"bare keeps quotes", "\"a\r\nb\"\r\n", {Bare, Bare}, {"\"a", "b\""}, 0},
         {"text for number", "abc\r\n", {Integer}, {}, 1},
         {"quoted for number", " 1 \r\n\"5\"\r\n", {Integer, Integer}, {}, 2},
         {"number for text", " 1 \r\n 5 \r\n", {Integer, Quoted}, {}, 2},

@@ -158,6 +158,18 @@ TEST(MvwFormat, WritesUtf8OnlyWhenACharacterDoesNotFitTheLegacyCodePage) {
     EXPECT_TRUE(writeMvw(t).contains("col\xc2\xb7legi \xc4\xbf"));
 }
 
+TEST(MvwFormat, LegacyTextThatLooksLikeUtf8IsWrittenSoItReadsBackTheSame) {
+    Template t;
+    t.descripcio = QStringLiteral("plaÃ§a");
+    const QByteArray bytes = writeMvw(t);
+    EXPECT_TRUE(bytes.contains("pla\xc3\x83\xc2\xa7"
+                               "a"))
+        << "written as UTF-8";
+    Template back;
+    ASSERT_FALSE(readMvw(bytes, back));
+    EXPECT_EQ(back.descripcio, t.descripcio);
+}
+
 TEST(MvwFormat, ACommaInTheSheetImageCutsItButTheFileStillReads) {
     Template t;
     t.FitxGraf = QStringLiteral("C:\\fotos, 2003\\lamina.bmp");
