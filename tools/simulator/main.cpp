@@ -17,15 +17,16 @@ namespace {
 
 constexpr int kUsageError = 2;
 
-const char* kScriptHelp = "Script commands, one per line on standard input, or separated by ';'\n"
-                          "in the arguments:\n"
-                          "  press X Y [COUNT [INTERVAL_MS]]   packets \"^\" X Y (X, Y: 0..255)\n"
-                          "  hold X Y MS                       packets every 20 ms for MS ms\n"
-                          "  lift | release                    a no-press packet\n"
-                          "  wait MS                           pause\n"
-                          "  garbage N                         N random bytes\n"
-                          "  quit                              close the terminal (once read) and end\n"
-                          "Packets and garbage wait until the host has sent \"@X\".";
+const char* kScriptHelp =
+    "Script commands, one per line on standard input, or separated by ';'\n"
+    "in the arguments:\n"
+    "  press X Y [COUNT [INTERVAL_MS]]   packets \"^\" X Y (X, Y: 0..255)\n"
+    "  hold X Y MS                       packets every 20 ms for MS ms\n"
+    "  lift | release                    a no-press packet\n"
+    "  wait MS                           pause\n"
+    "  garbage N                         N random bytes\n"
+    "  quit                              close the terminal (once read) and end\n"
+    "Packets and garbage wait until the host has sent \"@X\".";
 
 void reportLineError(int number, const QString& line, const QString& error) {
     std::fprintf(stderr, "mervak-tablet-sim: line %d \"%s\": %s\n", number,
