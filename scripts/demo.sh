@@ -20,10 +20,11 @@ export XDG_RUNTIME_DIR="$work"
 xterm -T "Mervak demo" -geometry 60x12+700+40 -e sh -c "stty -icanon -echo min 1; exec tee '$received'" &
 terminal=$!
 
-# The tablet: presses each quarter of the sheet once, then the last one twice more.
+# The tablet: presses the three words, goes to page 2 and back twice, counting.
 coproc SIM { "$bin/mervak-tablet-sim" "wait 1500; press 30 90 3 20; lift; wait 700;
-  press 90 90 3 20; lift; wait 700; press 30 30 3 20; lift; wait 700; press 90 30 3 20; lift;
-  wait 700; press 90 30 3 20; lift; wait 3000; quit"; }
+  press 90 90 3 20; lift; wait 700; press 30 30 3 20; lift; wait 700;
+  press 90 30 3 20; lift; wait 700; press 90 30 3 20; lift; wait 700;
+  press 90 30 3 20; lift; wait 700; press 30 30 3 20; lift; wait 1500; quit"; }
 read -r port <&"${SIM[0]}"
 
 mkdir -p "$work/home"

@@ -52,6 +52,7 @@ void MainWindow::buildMenus() {
     connect(sound_, &QAction::toggled, this, &MainWindow::soundToggled);
     virtualTablet_ = addCaptioned(options, QStringLiteral("Teclat &auxiliar"));
     virtualTablet_->setCheckable(true);
+    virtualTablet_->setShortcut(QKeySequence(Qt::Key_F12));
     connect(virtualTablet_, &QAction::toggled, this, &MainWindow::virtualTabletToggled);
     connect(addCaptioned(options, QStringLiteral("&Activar aplicació")), &QAction::triggered, this,
             &MainWindow::activateTargetRequested);
