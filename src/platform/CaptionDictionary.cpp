@@ -165,6 +165,12 @@ constexpr CaptionPair kCaptions[] = {
     {u"Engegar Vistal", u"Iniciar Vistal"},
     {u"Webcam", u"Webcam"},
     {u"Amagar fons", u"Ocultar fondo"},
+    // Status line of the main window.
+    {u"Tauleta activa a ", u"Tauleta activa en "},
+    {u"Tauleta Inactiva a ", u"Tauleta Inactiva en "},
+    {u"Cercant la tauleta...", u"Buscando la tauleta..."},
+    {u"Desbordament numèric", u"Desbordamiento numérico"},
+    {u"No hi ha sortida de so: ", u"No hay salida de sonido: "},
 };
 
 const QHash<QString, QString>& spanishCaptions() {
