@@ -24,6 +24,12 @@ inline std::ostream& operator<<(std::ostream& out, const QPoint& point) {
     return out << '(' << point.x() << ", " << point.y() << ')';
 }
 
-inline void PrintTo(const QString& text, std::ostream* out) { *out << text; }
-inline void PrintTo(const QByteArray& bytes, std::ostream* out) { *out << bytes; }
-inline void PrintTo(const QStringList& list, std::ostream* out) { *out << list; }
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << text;
+}
+inline void PrintTo(const QByteArray& bytes, std::ostream* out) {
+    *out << bytes;
+}
+inline void PrintTo(const QStringList& list, std::ostream* out) {
+    *out << list;
+}
