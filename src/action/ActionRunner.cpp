@@ -44,7 +44,7 @@ ActionRunner::ActionRunner(const ActionPlatform& platform, ActionState& state,
     : QObject(parent), platform_(platform), state_(state), targetTitle_(std::move(targetTitle)),
       random_(clockSeed(platform.clock)), interpreter_(state, platform_, random_) {}
 
-void ActionRunner::run(const QString& actionText) {
+void ActionRunner::SendActionText(const QString& actionText) {
     if (state_.closeRequested)
         return;
     queued_.append(actionText);
@@ -53,7 +53,7 @@ void ActionRunner::run(const QString& actionText) {
 }
 
 // Performs steps until one waits or nothing is left. Re-entry (a signal handler
-// calling run(), a wait that ends at once) only queues work for this loop.
+// calling SendActionText(), a wait that ends at once) only queues work for this loop.
 void ActionRunner::advance() {
     if (advancing_)
         return;
@@ -168,7 +168,7 @@ void ActionRunner::typeAndWait(const KeyStrokes& strokes) {
 }
 
 void ActionRunner::perform(const step::Command& command, int depth) {
-    apply(interpreter_.execute(command.block), depth);
+    apply(interpreter_.ExecuteCommand(command.block), depth);
 }
 
 void ActionRunner::perform(const step::Conditional& conditional, int depth) {
@@ -220,7 +220,7 @@ void ActionRunner::perform(const step::Flush& flush, int depth) {
 }
 
 void ActionRunner::perform(const step::Paste&, int) {
-    if (!platform_.windows.activate(state_.targetWindow))
+    if (!platform_.windows.activate(state_.TargetWindow))
         return emit problem(QStringLiteral("The target window is gone: nothing was pasted"));
     typeAndWait({KeyStroke{Key::Character, U'v', Modifiers{false, true, false}}});
 }
@@ -246,7 +246,7 @@ void ActionRunner::perform(step::Mouse& mouse, int depth) {
     try {
         if (!mouse.command)
             mouse.command = std::make_shared<MouseCommand>(mouse.argument, platform_.pointer,
-                                                           platform_.windows, state_.targetWindow);
+                                                           platform_.windows, state_.TargetWindow);
         if (mouse.command->atEnd())
             return;
         std::deque<RunnerStep> work;

@@ -34,9 +34,9 @@ public:
 
     // Queues the ActionText and, when nothing runs, starts it at once: the
     // steps up to the first wait run inside this call. Ignored once TANCAR ran.
-    void run(const QString& actionText);
+    void SendActionText(const QString& actionText);
 
-    // True from run() until every queued ActionText has finished.
+    // True from SendActionText() until every queued ActionText has finished.
     bool isBusy() const { return busy_; }
 
     // Makes TRIA picks repeatable.

@@ -21,14 +21,14 @@ struct ActionState {
     // changes page.
     std::optional<std::int16_t> pendingPage;
     // The local folder relative file names are resolved against; CARREGA moves it.
-    QString workingFolder;
+    QString WorkingFolder;
     // LLEGIR and LLEGEIX do nothing while this is false.
     bool speechAvailable = false;
     // The voice LLEGIR speaks with.
     int speakerNumber = 0;
     // The window that receives pasted content and whose corner mouse commands
     // measure from; kept up to date by the application.
-    WindowId targetWindow = kNoWindow;
+    WindowId TargetWindow = kNoWindow;
     // The Template file a CARREGA command named, found on disk; handed to the
     // application (and cleared) when the ActionText that held it ends.
     QString templateToOpen;

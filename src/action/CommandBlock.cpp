@@ -31,7 +31,7 @@ DecodedBlock CommandBlock::decode(const QString& block) {
     return {body.left(blank).toUpper(), trimBlanks(body.mid(blank))};
 }
 
-std::optional<QString> CommandBlock::expandInnerBlock(const QString& text,
+std::optional<QString> CommandBlock::ExpandInnerBlock(const QString& text,
                                                       const InnerValue& valueOf) {
     const qsizetype open = text.lastIndexOf(u'{');
     if (open < 0)
@@ -54,7 +54,7 @@ std::optional<QString> CommandBlock::expandArgument(const QString& argument,
     for (int i = 0; i < kMaxExpansions; ++i) {
         if (!expanded.contains(u'{') && !expanded.contains(u'|'))
             return expanded;
-        const auto next = expandInnerBlock(expanded, valueOf);
+        const auto next = ExpandInnerBlock(expanded, valueOf);
         if (!next)
             return std::nullopt;
         expanded = *next;

@@ -26,7 +26,7 @@ public:
     // after it) by its value; its keyword starts after the first "|" inside it
     // (after the "{" when it holds none). Nothing when `text` has no "{" or no
     // "}" after the last one.
-    static std::optional<QString> expandInnerBlock(const QString& text, const InnerValue& valueOf);
+    static std::optional<QString> ExpandInnerBlock(const QString& text, const InnerValue& valueOf);
 
     // Expands inner blocks, rightmost first, until the argument holds no "{" and
     // no "|". Nothing when that cannot be done (a "|" outside any block, a "{"

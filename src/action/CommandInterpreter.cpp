@@ -109,7 +109,7 @@ CommandInterpreter::CommandInterpreter(ActionState& state, const ActionPlatform&
                                        RandomChoice& random)
     : state_(state), platform_(platform), random_(random) {}
 
-CommandResult CommandInterpreter::execute(const QString& block) {
+CommandResult CommandInterpreter::ExecuteCommand(const QString& block) {
     try {
         const DecodedBlock decoded = CommandBlock::decode(block);
         const auto argument = CommandBlock::expandArgument(
@@ -222,11 +222,11 @@ void CommandInterpreter::writeRegistry(const QString& argument) {
 // to open it once the ActionText ends. The process's own current folder is left
 // alone: every file is resolved against WorkingFolder.
 CommandResult CommandInterpreter::load(const QString& argument) {
-    const QString found = CommandFiles::findTemplate(argument, state_.workingFolder);
+    const QString found = CommandFiles::findTemplate(argument, state_.WorkingFolder);
     if (found.isEmpty())
         return problem(
-            QStringLiteral("No Template \"%1\" in %2").arg(argument, state_.workingFolder));
-    state_.workingFolder = QFileInfo(found).absolutePath();
+            QStringLiteral("No Template \"%1\" in %2").arg(argument, state_.WorkingFolder));
+    state_.WorkingFolder = QFileInfo(found).absolutePath();
     state_.templateToOpen = found;
     return {};
 }
@@ -242,7 +242,7 @@ CommandResult CommandInterpreter::play(const QString& argument) {
     else
         return {};
     CommandResult result = followUp(CommandFollowUp::Kind::Sound,
-                                    CommandFiles::resolve(argument, state_.workingFolder));
+                                    CommandFiles::resolve(argument, state_.WorkingFolder));
     result.followUps.first().sound = kind;
     return result;
 }
@@ -261,7 +261,7 @@ CommandResult CommandInterpreter::wait(const QString& argument) {
 CommandResult CommandInterpreter::launch(const QString& argument) {
     if (argument.isEmpty())
         return {};
-    const auto processId = platform_.launcher.start(argument, state_.workingFolder);
+    const auto processId = platform_.launcher.start(argument, state_.WorkingFolder);
     if (!processId)
         return problem(QStringLiteral("Could not start \"%1\"").arg(argument));
     state_.launchedPrograms += QString::number(*processId, 16).toUpper() + u' ';
@@ -272,7 +272,7 @@ CommandResult CommandInterpreter::launch(const QString& argument) {
 // Other extensions paste whatever the cleared clipboard holds: nothing.
 CommandResult CommandInterpreter::paste(const QString& argument) {
     platform_.clipboard.clear();
-    const QString path = CommandFiles::resolve(argument, state_.workingFolder);
+    const QString path = CommandFiles::resolve(argument, state_.WorkingFolder);
     const QString extension = argument.right(3).toUpper();
     if (extension == u"WMF" || extension == u"BMP" || extension == u"GIF" || extension == u"JPG") {
         if (!platform_.clipboard.setPictureFromFile(path))
@@ -303,7 +303,7 @@ void CommandInterpreter::readFile(const QString& argument) {
     if (at < 0)
         return platform_.speech.readFile(argument);
     const QString file =
-        CommandFiles::resolve(argument.mid(at + marker.size()), state_.workingFolder);
+        CommandFiles::resolve(argument.mid(at + marker.size()), state_.WorkingFolder);
     platform_.speech.readFile(argument.left(at + marker.size()) + file);
 }
 

@@ -46,7 +46,7 @@ public:
     CommandInterpreter(ActionState& state, const ActionPlatform& platform, RandomChoice& random);
 
     // `block` runs from its "{|" up to, not including, its closing "}".
-    CommandResult execute(const QString& block);
+    CommandResult ExecuteCommand(const QString& block);
 
     // "{|SIM text {cert}{fals}": follows the branch chosen by comparing the text
     // with the memory register, exactly.

@@ -221,7 +221,7 @@ SendKeysResult SendKeysParser::parse(const QString& keys) {
     return Reader(keys).read();
 }
 
-QString SendKeysParser::plainKeys(const QString& keys) {
+QString SendKeysParser::PlainKeys(const QString& keys) {
     QString plain;
     qsizetype i = 0;
     while (i < keys.size()) {

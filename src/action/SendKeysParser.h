@@ -33,7 +33,7 @@ public:
     // The characters of a run that would be typed literally, for display: "{"
     // skips to just after the next "}"; "%", "^" or "+" skips itself and the
     // character after it, and one more when that one is also "%", "^" or "+".
-    static QString plainKeys(const QString& keys);
+    static QString PlainKeys(const QString& keys);
 
     // One stroke written back in the notation ("a", "+a", "^{ENTER}", "{+}"),
     // modifiers in the order Shift, Ctrl, Alt: for logs and dry runs.

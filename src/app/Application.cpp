@@ -45,18 +45,18 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
       windows_(x11_), sound_(QStringLiteral("No hi ha sortida de so: ")), easy_(makeQtSerialLink),
       easySource_(easy_),
       targetTracker_(windows_, [this](WindowId window) { return isOwnWindow(window); }) {
-    actionState_.workingFolder = homeFolder_;
+    actionState_.WorkingFolder = homeFolder_;
     const ActionPlatform platform{keyboard_, windows_, pointer_, clipboard_, launcher_,
                                   sound_,    speech_,  clock_,   registry_};
     runner_ =
         std::make_unique<ActionRunner>(platform, actionState_, [this] { return targetTitle(); });
     dispatcher_ = std::make_unique<PressDispatcher>(PressDispatcher::Context{
-        template_, clipboard_, [this] { return actionState_.workingFolder; },
-        [this](const QString& text) { runner_->run(text); }, [] { QApplication::beep(); },
-        [this] { return settings_.language; }});
+        template_, clipboard_, [this] { return actionState_.WorkingFolder; },
+        [this](const QString& text) { runner_->SendActionText(text); },
+        [] { QApplication::beep(); }, [this] { return settings_.language; }});
     connect(&timer1_, &QTimer::timeout, dispatcher_.get(), &PressDispatcher::tick);
     connect(&timer2_, &QTimer::timeout, this,
-            [this] { actionState_.targetWindow = targetTracker_.tick(actionState_.targetWindow); });
+            [this] { actionState_.TargetWindow = targetTracker_.tick(actionState_.TargetWindow); });
     wireWindow();
     wireRunner();
 }
@@ -144,7 +144,7 @@ void Application::openFromCommandLine() {
     const QString path = rest.first();
     const qsizetype slash = std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/'));
     if (slash >= 0)
-        actionState_.workingFolder = path.left(slash);
+        actionState_.WorkingFolder = path.left(slash);
     openedFromCommandLine_ = true;
     openTemplate(path.toUpper());
     activateTarget();
@@ -209,9 +209,9 @@ void Application::wireWindow() {
     connect(dispatcher_.get(), &PressDispatcher::virtualPressPending, &virtualTablet_,
             &VirtualTablet::showBusy);
     connect(dispatcher_.get(), &PressDispatcher::refocusTargetRequested, this, [this] {
-        if (actionState_.targetWindow != kNoWindow &&
-            windows_.activeWindow() != actionState_.targetWindow)
-            windows_.activate(actionState_.targetWindow);
+        if (actionState_.TargetWindow != kNoWindow &&
+            windows_.activeWindow() != actionState_.TargetWindow)
+            windows_.activate(actionState_.TargetWindow);
     });
     connect(dispatcher_.get(), &PressDispatcher::problem, this, &Application::setStatus);
     connect(&easy_, &EasyTablet::positionArrived, this, [this](PressPoint position) {
@@ -251,7 +251,7 @@ void Application::refreshSheet() {
     for (const int16_t index : template_.areasOfPage(template_.CurrentPage)) {
         const Area& area = template_.area(index);
         areas.append({area.X0, area.Y0, area.X1, area.Y1,
-                      SendKeysParser::plainKeys(area.ActionText), index == template_.SelectedArea});
+                      SendKeysParser::PlainKeys(area.ActionText), index == template_.SelectedArea});
     }
     const QString folder = QFileInfo(template_.TemplateFileName).absolutePath();
     const QImage picture = template_.FitxGraf.isEmpty()
@@ -275,7 +275,7 @@ void Application::showPage(int page) {
 }
 
 void Application::openTemplate(const QString& path) {
-    const OpenOutcome outcome = mervak::openTemplate(template_, path, actionState_.workingFolder);
+    const OpenOutcome outcome = mervak::openTemplate(template_, path, actionState_.WorkingFolder);
     if (outcome.error)
         showMessage(outcome.error->text(settings_.language), true);
     else if (outcome.warning)
@@ -286,7 +286,7 @@ void Application::openTemplate(const QString& path) {
 
 void Application::openWithDialog() {
     const QString path = QFileDialog::getOpenFileName(
-        &window_, QStringLiteral("Carregar el fitxer de plantilla"), actionState_.workingFolder,
+        &window_, QStringLiteral("Carregar el fitxer de plantilla"), actionState_.WorkingFolder,
         QStringLiteral("Tauleta Windows (*.mvw *.MVW);;Tauleta MS-DOS (*.mvd *.MVD)"));
     if (!path.isEmpty())
         openTemplate(path);
@@ -302,7 +302,7 @@ void Application::saveWithDialog(bool saveAs) {
     if (!template_.isUntitled())
         dialog.selectFile(template_.TemplateFileName);
     else
-        dialog.setDirectory(actionState_.workingFolder);
+        dialog.setDirectory(actionState_.WorkingFolder);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
     const QString path = dialog.selectedFiles().first();
@@ -325,7 +325,7 @@ void Application::activateTarget() {
         return;
     if (const WindowId window = windows_.findByTitle(title); window != kNoWindow) {
         windows_.activate(window);
-        actionState_.targetWindow = window;
+        actionState_.TargetWindow = window;
     }
 }
 
@@ -333,9 +333,9 @@ void Application::activateTarget() {
 QString Application::targetTitle() const {
     if (!template_.TxFinestra.isEmpty())
         return template_.TxFinestra;
-    if (actionState_.targetWindow == kNoWindow)
+    if (actionState_.TargetWindow == kNoWindow)
         return {};
-    return const_cast<X11WindowSystem&>(windows_).title(actionState_.targetWindow);
+    return const_cast<X11WindowSystem&>(windows_).title(actionState_.TargetWindow);
 }
 
 bool Application::isOwnWindow(WindowId window) const {

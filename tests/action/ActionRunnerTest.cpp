@@ -132,7 +132,7 @@ TEST(ActionRunner, ReportsAKeyboardThatCannotType) {
 TEST(ActionRunner, DoesNotGoOnBeforeTheFlushEnds) {
     RunnerBench bench;
     bench.keyboard.holdFlushes(true);
-    bench.runner.run("a{|Pagina 2}b");
+    bench.runner.SendActionText("a{|Pagina 2}b");
     EXPECT_EQ(bench.log.lines, (QStringList{"activate Notepad - doc", "type a", "flush"}));
     EXPECT_TRUE(bench.runner.isBusy());
     bench.keyboard.releaseFlushes();
@@ -148,9 +148,9 @@ TEST(ActionRunner, QueuedTextsRunInOrder) {
     QObject::connect(&bench.runner, &ActionRunner::busyChanged,
                      [&busy](bool value) { busy.append(value); });
     bench.keyboard.holdFlushes(true);
-    bench.runner.run("a{|Espera 1}");
-    bench.runner.run("{|Pagina 2}b");
-    bench.runner.run("c");
+    bench.runner.SendActionText("a{|Espera 1}");
+    bench.runner.SendActionText("{|Pagina 2}b");
+    bench.runner.SendActionText("c");
     EXPECT_EQ(bench.log.lines.size(), 3) << bench.log.lines;
     while (bench.keyboard.heldFlushes() > 0)
         bench.keyboard.releaseFlushes();
@@ -163,7 +163,7 @@ TEST(ActionRunner, QueuedTextsRunInOrder) {
 TEST(ActionRunner, TextGivenFromASignalRunsAfterTheCurrentOne) {
     RunnerBench bench;
     QObject::connect(&bench.runner, &ActionRunner::pendingPageSet,
-                     [&bench](int) { bench.runner.run("z"); });
+                     [&bench](int) { bench.runner.SendActionText("z"); });
     bench.run("{|Pagina 2}a");
     EXPECT_EQ(bench.log.lines, (QStringList{"page 2", "activate Notepad - doc", "type a", "flush",
                                             "activate Notepad - doc", "type z", "flush"}));
@@ -173,11 +173,11 @@ TEST(ActionRunner, CloseStopsEverythingAfterIt) {
     for (const char* keyword : {"Tancar", "CERRAR"}) {
         RunnerBench bench;
         bench.keyboard.holdFlushes(true);
-        bench.runner.run(QStringLiteral("a{|%1}b{|M+ 1}").arg(keyword));
-        bench.runner.run("c");
+        bench.runner.SendActionText(QStringLiteral("a{|%1}b{|M+ 1}").arg(keyword));
+        bench.runner.SendActionText("c");
         bench.keyboard.releaseFlushes();
         bench.waitUntilIdle();
-        bench.runner.run("d");
+        bench.runner.SendActionText("d");
         bench.waitUntilIdle();
         EXPECT_EQ(bench.log.lines,
                   (QStringList{"activate Notepad - doc", "type a", "flush", "close"}))

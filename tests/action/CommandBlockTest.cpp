@@ -65,7 +65,7 @@ TEST(CommandBlock, ExpandsTheRightmostInnerBlock) {
         {"brace never closed", "a{|RM ", std::nullopt},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(CommandBlock::expandInnerBlock(c.text, fakeValue), c.expanded) << c.name;
+        EXPECT_EQ(CommandBlock::ExpandInnerBlock(c.text, fakeValue), c.expanded) << c.name;
 }
 
 TEST(CommandBlock, ExpandsAnArgumentUntilNoBlockIsLeft) {

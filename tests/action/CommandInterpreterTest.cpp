@@ -157,7 +157,7 @@ TEST(CommandInterpreter, SeededChoicesRepeat) {
 
 TEST(CommandInterpreter, LaunchesProgramsAndKeepsTheirIds) {
     RunnerBench bench;
-    bench.state.workingFolder = "/plant";
+    bench.state.WorkingFolder = "/plant";
     bench.run("{|Executa  prog -x }{|EXECUTA other}{|Executa}");
     EXPECT_EQ(bench.state.launchedPrograms, "1A2B 1A2C ");
     EXPECT_EQ(bench.log.lines, (QStringList{"launch prog -x in /plant", "launch other in /plant"}));
@@ -206,7 +206,7 @@ protected:
         test::writeAll(plant("Adeu.TXT"), toWindows1252(QStringLiteral("Adéu")));
         test::writeAll(plant("Dibuix.BMP"), "BM");
         test::writeAll(plant("Sub/Joc.mvw"), "x");
-        bench.state.workingFolder = plant("");
+        bench.state.WorkingFolder = plant("");
     }
     QString plant(const QString& relative) const {
         return QDir::cleanPath(root.filePath("Plant/" + relative));
@@ -255,7 +255,7 @@ TEST_F(FileCommands, PlaysOnlyUpperCaseWaveAndMidiNames) {
 
 TEST_F(FileCommands, WaitsForTheWaveToEnd) {
     bench.sound.holdPlays(true);
-    bench.runner.run("{|Sona sons\\Bell.WAV}x");
+    bench.runner.SendActionText("{|Sona sons\\Bell.WAV}x");
     EXPECT_EQ(bench.log.lines.size(), 1) << bench.log.lines;
     bench.sound.releasePlays();
     bench.waitUntilIdle();
@@ -304,7 +304,7 @@ TEST_F(FileCommands, PastesFilesIntoTheTarget) {
 }
 
 TEST_F(FileCommands, PasteNeedsTheTargetWindow) {
-    bench.state.targetWindow = 999;
+    bench.state.TargetWindow = 999;
     bench.run("{|Enganxa adeu.txt}");
     EXPECT_EQ(bench.log.lines, (QStringList{"clipboard clear", "clipboard text Adéu"}));
     EXPECT_EQ(bench.problems.size(), 1);
@@ -312,7 +312,7 @@ TEST_F(FileCommands, PasteNeedsTheTargetWindow) {
 
 TEST_F(FileCommands, LoadMovesTheFolderAndAsksForTheTemplateAtTheEnd) {
     bench.run("{|Carrega sub\\joc.MVW}abc{|Sona X.WAV}");
-    EXPECT_EQ(bench.state.workingFolder, plant("Sub"));
+    EXPECT_EQ(bench.state.WorkingFolder, plant("Sub"));
     EXPECT_EQ(bench.log.lines, (QStringList{"activate Notepad - doc", "type abc", "flush",
                                             "sound wave " + plant("Sub/X.WAV"), "sound done",
                                             "open-template " + plant("Sub/Joc.mvw")}));
@@ -325,7 +325,7 @@ TEST_F(FileCommands, LoadMovesTheFolderAndAsksForTheTemplateAtTheEnd) {
 
 TEST_F(FileCommands, LoadOfAMissingTemplateChangesNothing) {
     bench.run("{|Carrega nowhere.mvw}");
-    EXPECT_EQ(bench.state.workingFolder, plant(""));
+    EXPECT_EQ(bench.state.WorkingFolder, plant(""));
     EXPECT_TRUE(bench.log.lines.isEmpty());
     EXPECT_EQ(bench.problems.size(), 1);
 }

@@ -111,7 +111,7 @@ TEST(MouseCommand, DragStartsWherePreviousWordsLeftThePointer) {
 TEST(MouseCommand, MeasuresFromTheScreenWhenTheTargetIsGone) {
     RunnerBench bench;
     bench.windows.setScreenSize({65535, 65535});
-    bench.state.targetWindow = 999;
+    bench.state.TargetWindow = 999;
     bench.run("{|Mouse M 5 6}");
     EXPECT_EQ(bench.log.lines, (QStringList{"pointer 8001 5 6"}));
 }
@@ -119,7 +119,7 @@ TEST(MouseCommand, MeasuresFromTheScreenWhenTheTargetIsGone) {
 TEST(MouseCommand, ScalesToTheScreen) {
     RunnerBench bench;
     bench.windows.setScreenSize({1000, 500});
-    bench.state.targetWindow = kNoWindow;
+    bench.state.TargetWindow = kNoWindow;
     bench.run("{|Mouse M 2 1}");
     EXPECT_EQ(bench.log.lines, (QStringList{"pointer 8001 131 131"}));
 }
@@ -137,7 +137,7 @@ TEST(MouseCommand, SingleClickWaitResumesFromTheEventLoop) {
     bench.windows.setScreenSize({65535, 65535});
     bench.pointer.setPosition({7, 8});
     bench.clock.setSecondsSinceMidnight(10.995); // rounds to 11: about 16 ms to wait
-    bench.runner.run("{|Mouse CE}x");
+    bench.runner.SendActionText("{|Mouse CE}x");
     EXPECT_EQ(bench.log.lines, (QStringList{"pointer 8002 7 8"}));
     EXPECT_TRUE(bench.runner.isBusy());
     bench.waitUntilIdle();

@@ -11,7 +11,7 @@ RunnerBench::RunnerBench()
                             registry},
              state, [this] { return targetTitle; }) {
     notepad = windows.addWindow(QStringLiteral("Notepad - doc"), WindowRect{100, 50, 500, 400});
-    state.targetWindow = notepad;
+    state.TargetWindow = notepad;
     state.speechAvailable = true;
     clock.setSecondsSinceMidnight(3600.25); // a single click then needs no wait
     QObject::connect(&runner, &ActionRunner::problem,
@@ -25,7 +25,7 @@ RunnerBench::RunnerBench()
 }
 
 void RunnerBench::run(const QString& actionText) {
-    runner.run(actionText);
+    runner.SendActionText(actionText);
     waitUntilIdle();
 }
 

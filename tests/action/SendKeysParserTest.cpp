@@ -132,7 +132,7 @@ TEST(SendKeysParser, PlainKeysShowsTheLiteralCharacters) {
         {"a~b", "a~b"},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(SendKeysParser::plainKeys(c.keys), c.plain) << c.keys;
+        EXPECT_EQ(SendKeysParser::PlainKeys(c.keys), c.plain) << c.keys;
 }
 
 TEST(SendKeysParser, NotationReadsBackAsTheSameStroke) {
