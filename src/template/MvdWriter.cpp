@@ -69,6 +69,8 @@ private:
 
     // "{|Pagina n}" with n in 1..255 written without leading zeros.
     static Piece pageBlock(const QString& text, qsizetype i) {
+        if (!QStringView(text).sliced(i).startsWith(u"{|Pagina "))
+            return {};
         static const QRegularExpression pattern(
             QStringLiteral("\\{\\|Pagina ([1-9][0-9]{0,2})\\}"));
         const auto match = pattern.match(text, i, QRegularExpression::NormalMatch,

@@ -1,0 +1,147 @@
+#include "support/TestFiles.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace mervak {
+namespace {
+
+using test::dataPath;
+
+struct CliRun {
+    int status = -1;
+    QString out;
+    QString err;
+};
+
+class CliTest : public ::testing::Test {
+protected:
+    QTemporaryDir dir;
+
+    QString file(const QString& name) const { return QDir(dir.path()).filePath(name); }
+
+    CliRun run(QStringList arguments) const {
+        arguments.prepend(QStringLiteral("--home"));
+        arguments.insert(1, file(QStringLiteral("home")));
+        QProcess process;
+        process.setWorkingDirectory(dir.path());
+        process.start(QStringLiteral(MERVAK_CLI), arguments);
+        process.waitForFinished(30000);
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                QString::fromUtf8(process.readAllStandardOutput()),
+                QString::fromUtf8(process.readAllStandardError())};
+    }
+};
+
+TEST_F(CliTest, InfoAsJsonUsesTheModelsFieldNames) {
+    const CliRun r =
+        run({QStringLiteral("info"), dataPath("template/golden-v2.mvw"), QStringLiteral("--json")});
+    ASSERT_EQ(r.status, 0) << r.err.toStdString();
+    const QJsonObject root = QJsonDocument::fromJson(r.out.toUtf8()).object();
+    EXPECT_EQ(root.value(QStringLiteral("AreaCount")).toInt(), 3);
+    EXPECT_EQ(root.value(QStringLiteral("SV_velocitat")).toInt(), 150);
+    EXPECT_EQ(root.value(QStringLiteral("FitxGraf")).toString(),
+              QStringLiteral("C:\\PLANTILLES\\lamina.bmp"));
+    const QJsonObject third = root.value(QStringLiteral("Areas")).toArray().at(2).toObject();
+    EXPECT_EQ(third.value(QStringLiteral("index")).toInt(), 3);
+    EXPECT_EQ(third.value(QStringLiteral("Y1")).toInt(), -32768);
+    EXPECT_EQ(third.value(QStringLiteral("ActionText")).toString(), QStringLiteral("àèòç·l \"x\""));
+}
+
+TEST_F(CliTest, ExitStatusAndMessages) {
+    const struct {
+        const char* name;
+        QStringList arguments;
+        int status;
+        const char* stderrHas;
+    } cases[] = {
+        {"no command", {}, 2, "Ús: mervak-cli"},
+        {"unknown command", {"fes"}, 2, "Ordre desconeguda: fes"},
+        {"missing argument", {"info"}, 2, "Ús: mervak-cli info"},
+        {"unreadable file",
+         {"info", dataPath("template/broken/negative-count.mvw")},
+         1,
+         "Error en llegir el fitxer "},
+        {"line of the failure",
+         {"check", dataPath("template/broken/negative-count.mvw")},
+         1,
+         "(línia 4)"},
+        {"wrong format",
+         {"info", dataPath("template/broken/page-zero.mvd")},
+         1,
+         "Format incorrecte: "},
+        {"newer version",
+         {"info", dataPath("template/broken/version-3.mvw")},
+         1,
+         "Teniu instal·lada una versió"},
+        {"bad output name",
+         {"convert", dataPath("template/golden-v2.mvw"), "x.txt"},
+         2,
+         "ha d'acabar en .mvw o .mvd"},
+        {"page out of range",
+         {"page-delete", dataPath("template/golden-v2.mvw"), "3"},
+         2,
+         "de 1 a 2"},
+        {"missing model",
+         {"page-paste", dataPath("template/golden-v2.mvw"), "1", "cap"},
+         1,
+         "cap.MVP"},
+        {"problems found", {"check", dataPath("template/golden-v2.mvw")}, 3, ""},
+    };
+    for (const auto& c : cases) {
+        const CliRun r = run(c.arguments);
+        EXPECT_EQ(r.status, c.status) << c.name;
+        EXPECT_TRUE(r.err.contains(QString::fromUtf8(c.stderrHas)))
+            << c.name << ": " << r.err.toStdString();
+    }
+}
+
+TEST_F(CliTest, HelpForEveryCommand) {
+    for (const char* command : {"info", "convert", "check", "copy", "models", "page-save",
+                                "page-insert", "page-paste", "page-delete"}) {
+        const CliRun r = run({QLatin1String(command), QStringLiteral("--help")});
+        EXPECT_EQ(r.status, 0) << command;
+        EXPECT_TRUE(r.out.startsWith(QStringLiteral("Ús: mervak-cli"))) << command;
+    }
+}
+
+TEST_F(CliTest, ConvertsBetweenFormats) {
+    CliRun r = run({QStringLiteral("convert"), dataPath("template/golden.mvd"), file("a.mvw")});
+    ASSERT_EQ(r.status, 0) << r.err.toStdString();
+    r = run({QStringLiteral("convert"), file("a.mvw"), file("b.mvd")});
+    EXPECT_EQ(r.status, 3) << "the sheet image name is not stored";
+    EXPECT_TRUE(r.err.contains(QStringLiteral("no desa el camp FitxGraf")));
+    EXPECT_EQ(test::readAll(file("b.mvd")), test::readAll(dataPath("template/golden.mvd")));
+}
+
+TEST_F(CliTest, PageModelsRoundTrip) {
+    QFile::copy(dataPath("template/golden-v2.mvw"), file("t.mvw"));
+    ASSERT_EQ(run({QStringLiteral("page-save"), file("t.mvw"), QStringLiteral("2"),
+                   QStringLiteral("segona")})
+                  .status,
+              0);
+    EXPECT_EQ(run({QStringLiteral("models")}).out, QStringLiteral("segona.MVP\n"));
+    ASSERT_EQ(run({QStringLiteral("page-insert"), file("t.mvw"), QStringLiteral("1"),
+                   QStringLiteral("segona"), QStringLiteral("--before"), QStringLiteral("--output"),
+                   file("u.mvw")})
+                  .status,
+              0);
+    const QJsonObject root =
+        QJsonDocument::fromJson(
+            run({QStringLiteral("info"), file("u.mvw"), QStringLiteral("--json")}).out.toUtf8())
+            .object();
+    EXPECT_EQ(root.value(QStringLiteral("PageCount")).toInt(), 3);
+    const QJsonArray areas = root.value(QStringLiteral("Areas")).toArray();
+    ASSERT_EQ(areas.size(), 4);
+    EXPECT_EQ(areas.at(3).toObject().value(QStringLiteral("Page")).toInt(), 1);
+    EXPECT_EQ(areas.at(3).toObject().value(QStringLiteral("ActionText")).toString(),
+              QStringLiteral("{|Pagina 1}"));
+}
+
+} // namespace
+} // namespace mervak

@@ -1,0 +1,161 @@
+#include "CliText.h"
+
+#include <QHash>
+
+namespace mervak::cli {
+
+namespace {
+
+QString areaPrefix(int16_t area) {
+    return QStringLiteral("àrea %1: ").arg(area);
+}
+
+QString where(const TemplateError& error, const QString& path) {
+    if (error.line <= 0)
+        return {};
+    const bool binary = path.endsWith(QStringLiteral(".mvd"), Qt::CaseInsensitive);
+    return (binary ? QStringLiteral(" (registre %1)") : QStringLiteral(" (línia %1)"))
+        .arg(error.line);
+}
+
+} // namespace
+
+QString errorText(const TemplateError& error, const QString& path) {
+    QString text = Message(Language::Catalan, error.message);
+    text += error.argument.isEmpty() ? QStringLiteral(": ") + path : error.argument;
+    text += where(error, path);
+    if (error.message == TemplateMessage::GeneralError && !error.detail.isEmpty())
+        text += QStringLiteral(" [") + error.detail + u']';
+    return text;
+}
+
+QString problemText(const TemplateProblem& problem, int16_t pageCount) {
+    using K = TemplateProblem::Kind;
+    const QString area = areaPrefix(problem.area);
+    switch (problem.kind) {
+    case K::PageOutOfRange:
+        return area +
+               QStringLiteral("és a la pàgina %1, fora de les pàgines de la plantilla (1 a %2)")
+                   .arg(problem.text)
+                   .arg(pageCount);
+    case K::ZeroSize:
+        return area + QStringLiteral("no té amplada o no té alçada");
+    case K::SheetImageMissing:
+        return QStringLiteral("no es troba la imatge de la làmina: ") + problem.text;
+    case K::SheetImageComma:
+        return QStringLiteral("el nom de la imatge de la làmina té una coma i no es llegirà "
+                              "sencer: ") +
+               problem.text;
+    case K::ClipMissing:
+        return area + QStringLiteral("no es troba el fitxer del retall: ") + problem.text;
+    case K::FileMissing:
+        return area + QStringLiteral("no es troba el fitxer: ") + problem.text;
+    case K::SoundNotPlayable:
+        return area + QStringLiteral("el so %1 no sonarà: el nom ha d'acabar exactament en .WAV "
+                                     "o .MID")
+                          .arg(problem.text);
+    }
+    return {};
+}
+
+QString lossText(const MvdLoss& loss) {
+    using K = MvdLoss::Kind;
+    const QString area = areaPrefix(loss.area);
+    switch (loss.kind) {
+    case K::HeaderField:
+        return QStringLiteral("el format MS-DOS no desa el camp ") + loss.text;
+    case K::PageCountCut:
+        return QStringLiteral("el format MS-DOS desa de 1 a 255 pàgines (la plantilla en té %1)")
+            .arg(loss.text);
+    case K::CoordinateCut:
+        return area + QStringLiteral("la coordenada %1 no hi cap i s'ha retallat").arg(loss.text);
+    case K::PageOutOfRange:
+        return area + QStringLiteral("és a la pàgina %1, que el format MS-DOS no pot desar; "
+                                     "l'àrea no s'ha desat")
+                          .arg(loss.text);
+    case K::ClipNotStored:
+        return area + QStringLiteral("el format MS-DOS no desa el retall ni els indicadors");
+    case K::KeysNotStored:
+        return area +
+               QStringLiteral("«%1» no té codi de tecla MS-DOS i no s'ha desat").arg(loss.text);
+    case K::KeyTextCut:
+        return area +
+               QStringLiteral("el text de tecles no hi cap; «%1» no s'ha desat").arg(loss.text);
+    }
+    return {};
+}
+
+QString generalHelp() {
+    return QStringLiteral(
+        "Ús: mervak-cli [--home CARPETA] ORDRE ...\n"
+        "\n"
+        "Treballa amb plantilles de Mervak (.mvw versions 1 i 2, .mvd de MS-DOS)\n"
+        "i amb els models de pàgina (.mvp) de la carpeta de configuració.\n"
+        "\n"
+        "Ordres:\n"
+        "  info FITXER [--json]     capçalera i totes les àrees\n"
+        "  convert ENTRADA SORTIDA  converteix a .mvw (versió 2) o a .mvd segons SORTIDA\n"
+        "  check FITXER             llista el que cal arreglar\n"
+        "  copy FITXER CARPETA      desa la plantilla en una altra carpeta amb la làmina\n"
+        "                           i els fitxers que nomenen les àrees\n"
+        "  models                   llista els models de pàgina\n"
+        "  page-save FITXER PÀGINA MODEL\n"
+        "  page-insert FITXER PÀGINA MODEL (--before|--after) [--output SORTIDA]\n"
+        "  page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
+        "  page-delete FITXER PÀGINA [--output SORTIDA]\n"
+        "\n"
+        "mervak-cli ORDRE --help dóna l'ajuda de cada ordre.\n"
+        "Estat de sortida: 0 correcte; 1 un fitxer no s'ha pogut llegir o escriure;\n"
+        "2 ordre mal escrita; 3 fet, però amb avisos (problemes trobats o dades que\n"
+        "el format .mvd no pot desar).\n");
+}
+
+QString commandHelp(const QString& command) {
+    static const QHash<QString, QString> help = {
+        {QStringLiteral("info"),
+         QStringLiteral("Ús: mervak-cli info FITXER [--json]\n"
+                        "Mostra la capçalera i cada àrea (pàgina, rectangle, indicadors,\n"
+                        "text d'accions). Amb --json, un document JSON amb els noms de camp\n"
+                        "del model (l'esquema és al README de l'eina).\n")},
+        {QStringLiteral("convert"),
+         QStringLiteral("Ús: mervak-cli convert ENTRADA SORTIDA\n"
+                        "Llegeix qualsevol plantilla (.mvw versió 1 o 2, .mvd) i l'escriu en\n"
+                        "format .mvw versió 2 o .mvd segons l'extensió de SORTIDA. Si SORTIDA\n"
+                        "és en una altra carpeta, s'hi copien la làmina i els fitxers que\n"
+                        "nomenen les àrees. El que el format .mvd no pot desar es llista i\n"
+                        "l'estat de sortida és 3.\n")},
+        {QStringLiteral("check"),
+         QStringLiteral("Ús: mervak-cli check FITXER\n"
+                        "Llista àrees fora de les pàgines de la plantilla, àrees sense mida,\n"
+                        "la imatge de la làmina i els fitxers d'enganxar i de so que no es\n"
+                        "troben des de la carpeta de la plantilla, i els sons que no sonaran.\n"
+                        "Estat de sortida 3 si hi ha problemes.\n")},
+        {QStringLiteral("copy"),
+         QStringLiteral("Ús: mervak-cli copy FITXER CARPETA\n"
+                        "Desa la plantilla (versió 2) a CARPETA amb el mateix nom, hi copia\n"
+                        "la imatge de la làmina i els fitxers que nomenen les àrees, i canvia\n"
+                        "les referències pel nom de la còpia.\n")},
+        {QStringLiteral("models"),
+         QStringLiteral("Ús: mervak-cli [--home CARPETA] models\n"
+                        "Llista els models de pàgina (.mvp) de la carpeta de configuració.\n")},
+        {QStringLiteral("page-save"),
+         QStringLiteral("Ús: mervak-cli page-save FITXER PÀGINA MODEL\n"
+                        "Desa les àrees de la PÀGINA com a model de pàgina MODEL.\n")},
+        {QStringLiteral("page-insert"),
+         QStringLiteral("Ús: mervak-cli page-insert FITXER PÀGINA MODEL (--before|--after) "
+                        "[--output SORTIDA]\n"
+                        "Insereix una pàgina abans o després de la PÀGINA i l'omple amb el\n"
+                        "MODEL (\"Pàgina nova\" vol dir una pàgina buida). Desa a SORTIDA o,\n"
+                        "si no n'hi ha, al mateix FITXER.\n")},
+        {QStringLiteral("page-paste"),
+         QStringLiteral("Ús: mervak-cli page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
+                        "Afegeix les àrees del MODEL a la PÀGINA.\n")},
+        {QStringLiteral("page-delete"),
+         QStringLiteral("Ús: mervak-cli page-delete FITXER PÀGINA [--output SORTIDA]\n"
+                        "Elimina la PÀGINA i les seves àrees; les pàgines següents baixen un\n"
+                        "número.\n")},
+    };
+    return help.value(command);
+}
+
+} // namespace mervak::cli
