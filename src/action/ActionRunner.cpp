@@ -1,5 +1,6 @@
 #include "action/ActionRunner.h"
 
+#include "action/ActionMessages.h"
 #include "action/ActionTextSplitter.h"
 #include "action/SendKeysParser.h"
 #include "platform/Checked16.h"
@@ -43,6 +44,11 @@ ActionRunner::ActionRunner(const ActionPlatform& platform, ActionState& state,
                            TargetTitleLookup targetTitle, QObject* parent)
     : QObject(parent), platform_(platform), state_(state), targetTitle_(std::move(targetTitle)),
       random_(clockSeed(platform.clock)), interpreter_(state, platform_, random_) {}
+
+void ActionRunner::setLanguage(Language language) {
+    language_ = language;
+    interpreter_.setLanguage(language);
+}
 
 void ActionRunner::SendActionText(const QString& actionText) {
     if (state_.closeRequested)
@@ -130,9 +136,8 @@ void ActionRunner::dropLevel(int depth) {
 bool ActionRunner::pushText(const QString& text, int depth) {
     if (depth > kMaxDepth) {
         steps_.clear();
-        emit problem(QStringLiteral("Commands nest more than %1 deep: the rest of the ActionText "
-                                    "was not run")
-                         .arg(kMaxDepth));
+        emit problem(
+            actionMessage(language_, ActionProblem::NestingTooDeep, {QString::number(kMaxDepth)}));
         return false;
     }
     pushFront(stepsOf(text, depth));
@@ -149,12 +154,12 @@ void ActionRunner::perform(const step::Keys& keys, int depth) {
         return dropLevel(depth);
     const SendKeysResult parsed = SendKeysParser::parse(keys.keys);
     if (parsed.error)
-        return emit problem(parsed.error->message + QStringLiteral(" of \"%1\"").arg(keys.keys));
+        return emit problem(keysErrorMessage(language_, *parsed.error, keys.keys));
     if (!title.isEmpty()) {
         const WindowId window = platform_.windows.findByTitle(title);
         if (window == kNoWindow)
-            return emit problem(QStringLiteral("No window titled \"%1\": \"%2\" was not typed")
-                                    .arg(title, keys.keys));
+            return emit problem(
+                actionMessage(language_, ActionProblem::NoWindow, {title, keys.keys}));
         platform_.windows.activate(window);
     }
     typeAndWait(parsed.strokes);
@@ -163,7 +168,7 @@ void ActionRunner::perform(const step::Keys& keys, int depth) {
 void ActionRunner::typeAndWait(const KeyStrokes& strokes) {
     QString error;
     if (!platform_.keyboard.type(strokes, &error))
-        return emit problem(error);
+        return emit problem(actionMessage(language_, ActionProblem::KeysNotTyped, {error}));
     waitFor([this](Resume done) { platform_.keyboard.flush(std::move(done)); });
 }
 
@@ -221,7 +226,8 @@ void ActionRunner::perform(const step::Flush& flush, int depth) {
 
 void ActionRunner::perform(const step::Paste&, int) {
     if (!platform_.windows.activate(state_.TargetWindow))
-        return emit problem(QStringLiteral("The target window is gone: nothing was pasted"));
+        return emit problem(actionMessage(language_, ActionProblem::TargetGone));
+    emit pasteStarted();
     typeAndWait({KeyStroke{Key::Character, U'v', Modifiers{false, true, false}}});
 }
 
@@ -256,8 +262,7 @@ void ActionRunner::perform(step::Mouse& mouse, int depth) {
             work.push_back({step::Mouse{mouse.argument, mouse.command}, depth});
         pushFront(std::move(work));
     } catch (const Overflow16&) {
-        emit problem(QStringLiteral("A number is out of range in the mouse command \"%1\"")
-                         .arg(mouse.argument));
+        emit problem(actionMessage(language_, ActionProblem::MouseOutOfRange, {mouse.argument}));
     }
 }
 

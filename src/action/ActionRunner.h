@@ -5,6 +5,7 @@
 #include "action/CommandInterpreter.h"
 #include "action/RandomChoice.h"
 #include "action/RunnerStep.h"
+#include "platform/Language.h"
 
 #include <QObject>
 #include <QStringList>
@@ -42,9 +43,12 @@ public:
     // Makes TRIA picks repeatable.
     void seedRandom(std::uint64_t seed) { random_.seed(seed); }
 
+    // The language of the problem() messages; Catalan until set.
+    void setLanguage(Language language);
+
 signals:
-    // Something the user should read in the status line: malformed key notation,
-    // a window or file not found, a number out of range.
+    // Something the user should read in the status line, in the language set:
+    // malformed key notation, a window or file not found, a number out of range.
     void problem(const QString& message);
     // A PAGINA command set ActionState::pendingPage to `page`.
     void pendingPageSet(int page);
@@ -52,6 +56,8 @@ signals:
     void openTemplateRequested(const QString& path);
     // TANCAR ran: the application runs its closing routine and ends.
     void closeRequested();
+    // An ENGANXA command is about to paste the clipboard into TargetWindow.
+    void pasteStarted();
     // Running started (true) or every queued ActionText finished (false).
     void busyChanged(bool busy);
 
@@ -84,6 +90,7 @@ private:
     ActionPlatform platform_;
     ActionState& state_;
     TargetTitleLookup targetTitle_;
+    Language language_ = Language::Catalan;
     RandomChoice random_;
     CommandInterpreter interpreter_;
     QStringList queued_;

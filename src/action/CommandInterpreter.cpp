@@ -6,6 +6,7 @@
 #include "action/MemoryRegister.h"
 #include "platform/Checked16.h"
 #include "platform/NumericText.h"
+#include "platform/PathResolver.h"
 #include "platform/TextEncoding.h"
 
 #include <QFile>
@@ -99,15 +100,15 @@ CommandResult followUp(CommandFollowUp::Kind kind, const QString& text = {}) {
     return {{CommandFollowUp{kind, text}}, {}};
 }
 
-CommandResult problem(const QString& message) {
-    return {{}, message};
-}
-
 } // namespace
 
 CommandInterpreter::CommandInterpreter(ActionState& state, const ActionPlatform& platform,
                                        RandomChoice& random)
     : state_(state), platform_(platform), random_(random) {}
+
+CommandResult CommandInterpreter::failure(ActionProblem problem, const QString& argument) const {
+    return {{}, actionMessage(language_, problem, {argument})};
+}
 
 CommandResult CommandInterpreter::ExecuteCommand(const QString& block) {
     try {
@@ -120,9 +121,7 @@ CommandResult CommandInterpreter::ExecuteCommand(const QString& block) {
             return {};
         return carryOut(decoded.keyword, *argument);
     } catch (const Overflow16&) {
-        return problem(QStringLiteral("A number is out of range in \"%1}\": the command was not "
-                                      "carried out")
-                           .arg(block));
+        return failure(ActionProblem::NumberOutOfRange, block);
     }
 }
 
@@ -224,8 +223,9 @@ void CommandInterpreter::writeRegistry(const QString& argument) {
 CommandResult CommandInterpreter::load(const QString& argument) {
     const QString found = CommandFiles::findTemplate(argument, state_.WorkingFolder);
     if (found.isEmpty())
-        return problem(
-            QStringLiteral("No Template \"%1\" in %2").arg(argument, state_.WorkingFolder));
+        return failure(
+            ActionProblem::FileNotFound,
+            toLocalPath(state_.WorkingFolder + u'\\' + CommandBlock::trimBlanks(argument)));
     state_.WorkingFolder = QFileInfo(found).absolutePath();
     state_.templateToOpen = found;
     return {};
@@ -254,7 +254,7 @@ CommandResult CommandInterpreter::wait(const QString& argument) {
     CommandResult result = followUp(CommandFollowUp::Kind::Flush);
     result.followUps.first().count = std::max<int>(1, count);
     if (count == std::numeric_limits<int16_t>::min())
-        result.problem = QStringLiteral("The wait count %1 is out of range").arg(argument);
+        result.problem = actionMessage(language_, ActionProblem::WaitOutOfRange, {argument});
     return result;
 }
 
@@ -263,7 +263,7 @@ CommandResult CommandInterpreter::launch(const QString& argument) {
         return {};
     const auto processId = platform_.launcher.start(argument, state_.WorkingFolder);
     if (!processId)
-        return problem(QStringLiteral("Could not start \"%1\"").arg(argument));
+        return failure(ActionProblem::ProgramNotStarted, argument);
     state_.launchedPrograms += QString::number(*processId, 16).toUpper() + u' ';
     return {};
 }
@@ -276,11 +276,11 @@ CommandResult CommandInterpreter::paste(const QString& argument) {
     const QString extension = argument.right(3).toUpper();
     if (extension == u"WMF" || extension == u"BMP" || extension == u"GIF" || extension == u"JPG") {
         if (!platform_.clipboard.setPictureFromFile(path))
-            return problem(QStringLiteral("Cannot read the picture %1").arg(path));
+            return failure(ActionProblem::FileNotRead, path);
     } else if (extension == u"TXT") {
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly))
-            return problem(QStringLiteral("Cannot read the text file %1").arg(path));
+            return failure(ActionProblem::FileNotRead, path);
         platform_.clipboard.setText(decodeFileText(file.readAll()).text);
     }
     return followUp(CommandFollowUp::Kind::Paste);

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "action/ActionMessages.h"
 #include "action/ActionPlatform.h"
 #include "action/ActionState.h"
 #include "action/RandomChoice.h"
+#include "platform/Language.h"
 
 #include <QList>
 #include <QString>
@@ -29,9 +31,9 @@ struct CommandFollowUp {
 
 struct CommandResult {
     QList<CommandFollowUp> followUps;
-    // Plain words for the status line when a command could not be carried out
-    // for a reason the user can act on (a missing file, a number out of range);
-    // a malformed or unknown block stays silent.
+    // Plain words for the status line, in the interpreter's language, when a command could not be
+    // carried out for a reason the user can act on (a missing file, a number out of range); a
+    // malformed or unknown block stays silent.
     QString problem;
 };
 
@@ -48,11 +50,15 @@ public:
     // `block` runs from its "{|" up to, not including, its closing "}".
     CommandResult ExecuteCommand(const QString& block);
 
+    // The language of CommandResult::problem; Catalan until set.
+    void setLanguage(Language language) { language_ = language; }
+
     // "{|SIM text {cert}{fals}": follows the branch chosen by comparing the text
     // with the memory register, exactly.
     CommandResult executeConditional(const QString& block);
 
 private:
+    CommandResult failure(ActionProblem problem, const QString& argument) const;
     QString innerValue(const QString& keyword, const QString& argument);
     CommandResult carryOut(const QString& keyword, const QString& argument);
     CommandResult setPage(const QString& argument);
@@ -68,6 +74,7 @@ private:
     ActionState& state_;
     ActionPlatform platform_;
     RandomChoice& random_;
+    Language language_ = Language::Catalan;
 };
 
 } // namespace mervak

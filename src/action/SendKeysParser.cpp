@@ -108,7 +108,7 @@ private:
                 readSequence(out, modifiers, pos_++);
             } else if (c == u')') {
                 if (groupStart < 0)
-                    return fail(pos_, QStringLiteral("a \")\" with no \"(\" before it"));
+                    return fail(pos_, SendKeysError::Kind::UnopenedGroup);
                 ++pos_;
                 return;
             } else {
@@ -116,7 +116,7 @@ private:
             }
         }
         if (groupStart >= 0 && !error_)
-            fail(groupStart, QStringLiteral("a \"(\" that is never closed"));
+            fail(groupStart, SendKeysError::Kind::UnclosedGroup);
     }
 
     static void addModifier(Modifiers& modifiers, QChar c) {
@@ -154,14 +154,14 @@ private:
         const qsizetype open = pos_;
         const qsizetype close = text_.indexOf(u'}', open + 2);
         if (open + 1 >= text_.size() || close < 0)
-            return fail(open, QStringLiteral("a \"{\" that is never closed"));
+            return fail(open, SendKeysError::Kind::UnclosedBrace);
         pos_ = close + 1;
         QString name = text_.mid(open + 1, close - open - 1);
         int count = 1;
         if (const qsizetype blank = name.lastIndexOf(u' '); blank > 0 && !isOneCharacter(name)) {
             const auto parsed = repeatCount(name.mid(blank + 1));
             if (!parsed)
-                return fail(open, QStringLiteral("a bad repeat count in \"{%1}\"").arg(name));
+                return fail(open, SendKeysError::Kind::BadRepeatCount, name);
             count = *parsed;
             name = name.left(blank);
             if (!isOneCharacter(name))
@@ -173,7 +173,7 @@ private:
         } else if (const auto key = namedKey(name)) {
             stroke.key = *key;
         } else {
-            return fail(open, QStringLiteral("an unknown key name \"{%1}\"").arg(name));
+            return fail(open, SendKeysError::Kind::UnknownKeyName, name);
         }
         for (int i = 0; i < count; ++i)
             out.append(stroke);
@@ -197,10 +197,8 @@ private:
         return count <= kMaxRepeat ? std::optional<int>(count) : std::nullopt;
     }
 
-    void fail(qsizetype position, const QString& what) {
-        error_ = SendKeysError{
-            position,
-            QStringLiteral("Cannot type the keys: %1 at character %2").arg(what).arg(position + 1)};
+    void fail(qsizetype position, SendKeysError::Kind kind, const QString& detail = {}) {
+        error_ = SendKeysError{kind, position, detail};
     }
 
     const QString& text_;

@@ -7,10 +7,19 @@
 
 namespace mervak {
 
-// Where and why a run of keys could not be read.
+// Where and why a run of keys could not be read; actionMessage() words it.
 struct SendKeysError {
+    enum class Kind {
+        UnknownKeyName, // `detail` is the text between the braces
+        BadRepeatCount, // `detail` is the text between the braces
+        UnclosedBrace,
+        UnclosedGroup, // a "(" never closed
+        UnopenedGroup, // a ")" with no "(" before it
+    };
+    Kind kind = Kind::UnclosedBrace;
     qsizetype position = 0; // 0-based index into the run, in UTF-16 units
-    QString message;        // plain words for the status line
+    QString detail;
+    friend bool operator==(const SendKeysError&, const SendKeysError&) = default;
 };
 
 struct SendKeysResult {

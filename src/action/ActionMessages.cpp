@@ -1,0 +1,117 @@
+#include "action/ActionMessages.h"
+
+#include <QStringView>
+#include <algorithm>
+#include <iterator>
+
+namespace mervak {
+
+namespace {
+
+constexpr int kOwnText = -1;
+
+// A row either has its own texts or starts with a numbered message and adds
+// its first argument, as the program's other file messages do.
+struct MessageRow {
+    ActionProblem problem;
+    int number;
+    QStringView catalan;
+    QStringView spanish;
+};
+
+constexpr MessageRow kRows[] = {
+    {ActionProblem::KeysNotRead, kOwnText,
+     u"No es poden escriure les tecles \"%1\": %2 al caràcter %3",
+     u"No se pueden escribir las teclas \"%1\": %2 en el carácter %3"},
+    {ActionProblem::UnknownKeyName, kOwnText, u"hi ha un nom de tecla desconegut \"{%1}\"",
+     u"hay un nombre de tecla desconocido \"{%1}\""},
+    {ActionProblem::BadRepeatCount, kOwnText,
+     u"hi ha un nombre de repeticions incorrecte a \"{%1}\"",
+     u"hay un número de repeticiones incorrecto en \"{%1}\""},
+    {ActionProblem::UnclosedBrace, kOwnText, u"hi ha una \"{\" que no es tanca",
+     u"hay una \"{\" que no se cierra"},
+    {ActionProblem::UnclosedGroup, kOwnText, u"hi ha un \"(\" que no es tanca",
+     u"hay un \"(\" que no se cierra"},
+    {ActionProblem::UnopenedGroup, kOwnText, u"hi ha un \")\" sense cap \"(\" abans",
+     u"hay un \")\" sin ningún \"(\" delante"},
+    {ActionProblem::KeysNotTyped, kOwnText, u"No s'han pogut escriure les tecles: %1",
+     u"No se han podido escribir las teclas: %1"},
+    {ActionProblem::NoWindow, kOwnText,
+     u"No hi ha cap finestra amb el títol \"%1\": no s'ha escrit \"%2\"",
+     u"No hay ninguna ventana con el título \"%1\": no se ha escrito \"%2\""},
+    {ActionProblem::TargetGone, kOwnText,
+     u"La finestra de destinació ja no hi és: no s'ha enganxat res",
+     u"La ventana de destino ya no existe: no se ha pegado nada"},
+    {ActionProblem::NestingTooDeep, kOwnText,
+     u"Les ordres s'imbriquen més de %1 nivells: la resta del text no s'ha executat",
+     u"Las órdenes se anidan más de %1 niveles: el resto del texto no se ha ejecutado"},
+    {ActionProblem::NumberOutOfRange, kOwnText,
+     u"Hi ha un nombre fora de límits a \"%1}\": l'ordre no s'ha executat",
+     u"Hay un número fuera de límites en \"%1}\": la orden no se ha ejecutado"},
+    {ActionProblem::MouseOutOfRange, kOwnText,
+     u"Hi ha un nombre fora de límits a l'ordre del ratolí \"%1\"",
+     u"Hay un número fuera de límites en la orden del ratón \"%1\""},
+    {ActionProblem::WaitOutOfRange, kOwnText, u"El compte d'espera %1 és fora de límits",
+     u"La cuenta de espera %1 está fuera de límites"},
+    {ActionProblem::ProgramNotStarted, kOwnText, u"No s'ha pogut engegar \"%1\"",
+     u"No se ha podido iniciar \"%1\""},
+    {ActionProblem::FileNotFound, 15, {}, {}},
+    {ActionProblem::FileNotRead, 3, {}, {}},
+};
+
+static_assert(std::size(kRows) == static_cast<std::size_t>(ActionProblem::FileNotRead) + 1,
+              "one row for every problem");
+
+QString textOf(Language language, const MessageRow& row) {
+    if (row.number != kOwnText)
+        return Message(language, row.number) + QStringLiteral("%1");
+    return (language == Language::Spanish ? row.spanish : row.catalan).toString();
+}
+
+// "%1".."%9" replaced in one pass, so a "%" inside an argument (key runs are
+// full of them) is never read as a marker.
+QString filled(const QString& text, const QStringList& arguments) {
+    QString result;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const qsizetype index = i + 1 < text.size() ? text[i + 1].digitValue() - 1 : -1;
+        if (text[i] == u'%' && index >= 0 && index < arguments.size()) {
+            result += arguments[index];
+            ++i;
+        } else {
+            result += text[i];
+        }
+    }
+    return result;
+}
+
+ActionProblem problemOf(SendKeysError::Kind kind) {
+    switch (kind) {
+    case SendKeysError::Kind::UnknownKeyName:
+        return ActionProblem::UnknownKeyName;
+    case SendKeysError::Kind::BadRepeatCount:
+        return ActionProblem::BadRepeatCount;
+    case SendKeysError::Kind::UnclosedBrace:
+        return ActionProblem::UnclosedBrace;
+    case SendKeysError::Kind::UnclosedGroup:
+        return ActionProblem::UnclosedGroup;
+    case SendKeysError::Kind::UnopenedGroup:
+        return ActionProblem::UnopenedGroup;
+    }
+    return ActionProblem::UnclosedBrace;
+}
+
+} // namespace
+
+QString actionMessage(Language language, ActionProblem problem, const QStringList& arguments) {
+    const auto row = std::find_if(std::begin(kRows), std::end(kRows),
+                                  [problem](const MessageRow& r) { return r.problem == problem; });
+    return filled(textOf(language, *row), arguments);
+}
+
+QString keysErrorMessage(Language language, const SendKeysError& error, const QString& keys) {
+    const QString what = actionMessage(language, problemOf(error.kind), {error.detail});
+    return actionMessage(language, ActionProblem::KeysNotRead,
+                         {keys, what, QString::number(error.position + 1)});
+}
+
+} // namespace mervak

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "action/SendKeysParser.h"
+#include "platform/Language.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace mervak {
+
+// What went wrong while an ActionText ran, for the status line.
+enum class ActionProblem {
+    KeysNotRead,       // %1 the key run, %2 what is wrong, %3 the 1-based character
+    UnknownKeyName,    // %1 the braced text
+    BadRepeatCount,    // %1 the braced text
+    UnclosedBrace,     //
+    UnclosedGroup,     //
+    UnopenedGroup,     //
+    KeysNotTyped,      // %1 the keyboard's reason
+    NoWindow,          // %1 the target title, %2 the key run
+    TargetGone,        //
+    NestingTooDeep,    // %1 the deepest nesting
+    NumberOutOfRange,  // %1 the block, without its closing "}"
+    MouseOutOfRange,   // %1 the mouse sub-commands
+    WaitOutOfRange,    // %1 the count
+    ProgramNotStarted, // %1 the command line
+    FileNotFound,      // %1 the path
+    FileNotRead,       // %1 the path
+};
+
+// The text of the problem in the language, its "%n" filled from `arguments`.
+QString actionMessage(Language language, ActionProblem problem, const QStringList& arguments = {});
+
+// The whole status line of a key run that could not be read.
+QString keysErrorMessage(Language language, const SendKeysError& error, const QString& keys);
+
+} // namespace mervak
