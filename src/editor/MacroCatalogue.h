@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/Language.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace mervak {
+
+// One named program or macro of the catalogue.
+struct CatalogueEntry {
+    QString group; // empty for the entries of the plain "[Programes]" and "[Macros]"
+    QString name;  // what the pickers show
+    QString text;  // a program's command line, or a macro's ActionText
+    friend bool operator==(const CatalogueEntry&, const CatalogueEntry&) = default;
+};
+
+// A line of the catalogue that was skipped, and why, in plain words.
+struct CatalogueProblem {
+    int line = 0; // 1-based line of the file; 0 when the file itself could not be read
+    QString reason;
+    friend bool operator==(const CatalogueProblem&, const CatalogueProblem&) = default;
+};
+
+// The programs and macros offered by the template properties dialog and the
+// editor's insertion menus, read from MACROS.INI (format in docs/macros.md).
+// Sections "[Programes]" and "[Macros]", optionally grouped as
+// "[Programes: Group]" and "[Macros: Group]", hold "Name=value" lines; names of
+// sections and the duplicate check ignore letter case, values are trimmed and
+// lose one pair of surrounding quotes, ";" starts a comment line. A bad line
+// is skipped and noted; it never stops the reading.
+class MacroCatalogue {
+public:
+    static inline const QString kFileName = QStringLiteral("MACROS.INI");
+
+    // Picker rows before the first entry: the program picker starts with
+    // message 11 (">>> tria un programa") and message 12 (">>> ALTRES"), the
+    // macro picker with message 13 (">>> Tria una macro").
+    static constexpr int kProgramPromptRow = 0;
+    static constexpr int kOtherProgramRow = 1;
+    static constexpr int kFirstProgramRow = 2;
+    static constexpr int kMacroPromptRow = 0;
+    static constexpr int kFirstMacroRow = 1;
+
+    // The catalogue in a file: Windows-1252, or UTF-8 when the file is valid
+    // UTF-8 with multi-byte sequences. A missing or unreadable file gives an
+    // empty catalogue with one problem on line 0.
+    static MacroCatalogue read(const QString& path);
+    static MacroCatalogue parse(const QString& text);
+
+    // The catalogue to read: MACROS.INI in `homeFolder` (any letter case),
+    // else the sample shipped in `programFolder`; empty when neither exists.
+    static QString locate(const QString& homeFolder, const QString& programFolder);
+
+    const QList<CatalogueEntry>& programs() const { return programs_; }
+    const QList<CatalogueEntry>& macros() const { return macros_; }
+    const QList<CatalogueProblem>& problems() const { return problems_; }
+
+    // The picker texts: the first rows above, then each entry's name in file
+    // order; the entry of row r is programs()[r - kFirstProgramRow] (macros alike).
+    QStringList programPickerItems(Language language) const;
+    QStringList macroPickerItems(Language language) const;
+
+    // The ActionText block that starts a program: "{|Executa " + command + "}".
+    static QString executeBlock(const QString& commandLine);
+
+private:
+    enum class Kind { None, Skipped, Programs, Macros };
+    void parseLine(const QString& line, int number, Kind* kind, QString* group);
+    void addEntry(Kind kind, const QString& group, const QString& line, int number);
+
+    QList<CatalogueEntry> programs_;
+    QList<CatalogueEntry> macros_;
+    QList<CatalogueProblem> problems_;
+};
+
+} // namespace mervak
