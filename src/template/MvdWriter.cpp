@@ -121,7 +121,7 @@ public:
     MvdExport build() {
         reportHeader();
         appendHeaderRecord();
-        for (int16_t i = 1; i <= m_t.AreaCount(); ++i)
+        for (int i = 1; i <= m_t.AreaCount(); ++i)
             appendArea(i, m_t.area(i));
         return std::move(m_result);
     }

@@ -12,7 +12,7 @@ qsizetype expectedSize(const Template& t) {
     qsizetype size = 256 + t.FitxGraf.size() + t.Ordres.size() + t.Tecles.size() +
                      t.descripcio.size() + t.FitxDoc.size() + t.FitxClip.size() +
                      t.TxFinestra.size();
-    for (int16_t i = 1; i <= t.AreaCount(); ++i)
+    for (int i = 1; i <= t.AreaCount(); ++i)
         size += 64 + t.area(i).Clip.size() + t.area(i).ActionText.size();
     return size;
 }
@@ -47,7 +47,7 @@ void writeArea(FieldWriter& out, const Area& a, RecordLayout layout) {
 }
 
 void writeAreas(FieldWriter& out, const Template& t, RecordLayout layout) {
-    for (int16_t i = 1; i <= t.AreaCount(); ++i)
+    for (int i = 1; i <= t.AreaCount(); ++i)
         writeArea(out, t.area(i), layout);
 }
 

@@ -57,10 +57,10 @@ void insertPage(Template& t, int16_t placingCode) {
     const int16_t pages = add16(t.PageCount, 1);
     const int16_t newPage =
         placingCode == PlacingCode::Before ? t.CurrentPage : add16(t.CurrentPage, 1);
-    for (int16_t i = 1; i <= t.AreaCount(); ++i)
+    for (int i = 1; i <= t.AreaCount(); ++i)
         if (t.area(i).Page >= newPage)
             add16(t.area(i).Page, 1);
-    for (int16_t i = 1; i <= t.AreaCount(); ++i)
+    for (int i = 1; i <= t.AreaCount(); ++i)
         if (t.area(i).Page >= newPage)
             ++t.area(i).Page;
     t.PageCount = pages;
@@ -72,7 +72,7 @@ void insertPage(Template& t, int16_t placingCode) {
 }
 
 void deletePage(Template& t) {
-    for (int16_t i = 1; i <= t.AreaCount();) {
+    for (int i = 1; i <= t.AreaCount();) {
         Area& a = t.area(i);
         if (a.Page == t.CurrentPage) {
             t.DeleteArea(i);

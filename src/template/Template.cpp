@@ -20,12 +20,12 @@ void Template::NewTemplate() {
     *this = Template();
 }
 
-const Area& Template::area(int16_t index) const {
+const Area& Template::area(int index) const {
     Q_ASSERT(index >= 1 && index <= AreaCount());
     return m_areas[index];
 }
 
-Area& Template::area(int16_t index) {
+Area& Template::area(int index) {
     Q_ASSERT(index >= 1 && index <= AreaCount());
     return m_areas[index];
 }
@@ -71,7 +71,7 @@ bool Template::PreviousPage() {
 
 QList<int16_t> Template::areasOfPage(int16_t page) const {
     QList<int16_t> indices;
-    for (int16_t i = 1; i <= AreaCount(); ++i)
+    for (int i = 1; i <= AreaCount(); ++i)
         if (m_areas[i].Page == page)
             indices.append(i);
     return indices;
@@ -79,7 +79,7 @@ QList<int16_t> Template::areasOfPage(int16_t page) const {
 
 int16_t Template::countAreasOfPage(int16_t page) const {
     int16_t count = 0;
-    for (int16_t i = 1; i <= AreaCount(); ++i)
+    for (int i = 1; i <= AreaCount(); ++i)
         if (m_areas[i].Page == page)
             ++count;
     return count;

@@ -52,8 +52,8 @@ public:
     int16_t AreaCount() const { return static_cast<int16_t>(m_areas.size() - 1); }
 
     // Index 1..AreaCount(); anything else is a programming error.
-    const Area& area(int16_t index) const;
-    Area& area(int16_t index);
+    const Area& area(int index) const;
+    Area& area(int index);
 
     // Makes room for `count` further Areas so that reading a file grows the array once.
     void reserveAreas(qsizetype count);

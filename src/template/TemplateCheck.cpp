@@ -50,7 +50,7 @@ void checkArea(const Template& t, int16_t i, const QString& folder,
 QList<TemplateProblem> checkTemplate(const Template& t, const QString& folder) {
     QList<TemplateProblem> problems;
     checkHeader(t, folder, problems);
-    for (int16_t i = 1; i <= t.AreaCount(); ++i)
+    for (int i = 1; i <= t.AreaCount(); ++i)
         checkArea(t, i, folder, problems);
     return problems;
 }

@@ -100,7 +100,7 @@ RelocationReport relocateFiles(Template& t, const QString& sourceFolder,
     FileCopier copier(sourceFolder, targetFolder, report);
     if (!t.FitxGraf.isEmpty())
         t.FitxGraf = copier.relocate(t.FitxGraf);
-    for (int16_t i = 1; i <= t.AreaCount() && !report.error; ++i) {
+    for (int i = 1; i <= t.AreaCount() && !report.error; ++i) {
         Area& a = t.area(i);
         if (!a.Clip.isEmpty())
             a.Clip = copier.relocate(a.Clip);

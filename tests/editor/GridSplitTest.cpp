@@ -85,7 +85,7 @@ TEST(GridSplit, CellsTruncateAndGoRowByRow) {
         EXPECT_EQ(rectsFrom(t, 3), c.cells) << c.name;
         EXPECT_EQ(t.SelectedArea, 0) << c.name;
         EXPECT_EQ(t.CurrentArea, c.cells.size()) << c.name;
-        for (int16_t i = 3; i <= t.AreaCount(); ++i) {
+        for (int i = 3; i <= t.AreaCount(); ++i) {
             EXPECT_EQ(t.area(i).Page, 2) << c.name;
             EXPECT_EQ(t.area(i).ActionText, QStringLiteral("{|Sona a.WAV}x")) << c.name;
             EXPECT_EQ(t.area(i).Clip, QStringLiteral("c.bmp")) << c.name;

@@ -163,7 +163,7 @@ TEST(MvdFormat, ExportReadsBackToTheSameAreas) {
     ASSERT_FALSE(readMvd(exported.bytes, back));
     EXPECT_EQ(back.PageCount, 3);
     ASSERT_EQ(back.AreaCount(), t.AreaCount());
-    for (int16_t i = 1; i <= t.AreaCount(); ++i)
+    for (int i = 1; i <= t.AreaCount(); ++i)
         EXPECT_TRUE(back.area(i) == t.area(i)) << i << " " << back.area(i).ActionText.toStdString();
 }
 

@@ -70,7 +70,7 @@ void expectSameTemplate(const Template& a, const Template& b, const char* name) 
     EXPECT_EQ(a.sv_locutor, b.sv_locutor) << name;
     EXPECT_EQ(a.SV_velocitat, b.SV_velocitat) << name;
     ASSERT_EQ(a.AreaCount(), b.AreaCount()) << name;
-    for (int16_t i = 1; i <= a.AreaCount(); ++i)
+    for (int i = 1; i <= a.AreaCount(); ++i)
         EXPECT_TRUE(a.area(i) == b.area(i)) << name << " area " << i;
 }
 
@@ -178,6 +178,27 @@ TEST(MvwFormat, ACommaInTheSheetImageCutsItButTheFileStillReads) {
     ASSERT_FALSE(readMvw(writeMvw(t), back));
     EXPECT_EQ(back.FitxGraf, QStringLiteral("C:\\fotos"));
     EXPECT_EQ(back.AreaCount(), 1);
+}
+
+TEST(MvwFormat, AFullTemplateOf32767AreasWritesAndReadsBack) {
+    Template t;
+    t.PageCount = 2;
+    Area a;
+    a.ActionText = QStringLiteral("x");
+    for (int i = 0; i < Template::kMaxAreas; ++i) {
+        a.Page = static_cast<int16_t>(i % 2 + 1);
+        a.X0 = static_cast<int16_t>(i);
+        t.AppendArea(a);
+    }
+    Template back;
+    ASSERT_FALSE(readMvw(writeMvw(t), back));
+    ASSERT_EQ(back.AreaCount(), 32767);
+    EXPECT_EQ(back.area(32767).X0, 32766);
+    EXPECT_EQ(back.areasOfPage(1).size(), 16384);
+    EXPECT_EQ(back.countAreasOfPage(2), 16383);
+    Template saveAs;
+    ASSERT_FALSE(readMvw(writeMvwSaveAs(t), saveAs));
+    EXPECT_EQ(saveAs.AreaCount(), 32767);
 }
 
 struct VersionCase {

@@ -113,7 +113,7 @@ Template threePages() {
 
 QString layout(const Template& t) {
     QStringList parts;
-    for (int16_t i = 1; i <= t.AreaCount(); ++i)
+    for (int i = 1; i <= t.AreaCount(); ++i)
         parts.append(t.area(i).ActionText + u'@' + QString::number(t.area(i).Page));
     return parts.join(u' ');
 }
@@ -180,6 +180,19 @@ TEST(PageOperations, DeletingPage1GoesToTheLastPageNotTheNext) {
     deletePage(t);
     EXPECT_EQ(layout(t), QStringLiteral("c1@2 b1@1 b2@1 c2@2"));
     EXPECT_EQ(t.CurrentPage, 2);
+}
+
+TEST(PageOperations, DeletingAPageOfAFullTemplate) {
+    Template t;
+    t.PageCount = 2;
+    for (int i = 0; i < Template::kMaxAreas; ++i)
+        t.AppendArea(areaOn(static_cast<int16_t>(i % 2 + 1), "x"));
+    t.CurrentPage = 1;
+    t.CurrentArea = 0;
+    deletePage(t);
+    EXPECT_EQ(t.AreaCount(), 16383);
+    EXPECT_EQ(t.countAreasOfPage(1), 16383);
+    EXPECT_EQ(writePageModel(t, 1).count("\r\n"), 16383 * 8);
 }
 
 TEST(PageOperations, DeletingTheOnlyPageLeavesNoPage) {

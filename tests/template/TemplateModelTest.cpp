@@ -92,7 +92,7 @@ TEST(TemplateModel, DeleteArea) {
         EXPECT_EQ(t.AreaCount(), c.countAfter) << c.name;
         EXPECT_EQ(t.SelectedArea, c.selectedAfter) << c.name;
         QList<int16_t> pages;
-        for (int16_t i = 1; i <= t.AreaCount(); ++i)
+        for (int i = 1; i <= t.AreaCount(); ++i)
             pages.append(t.area(i).Page);
         EXPECT_EQ(pages, c.pagesAfter) << c.name;
         EXPECT_EQ(t.CurrentArea, currentBefore - (3 - c.countAfter)) << c.name;

@@ -124,7 +124,7 @@ int info(const Arguments& a, CommandContext& c) {
           << "SoundActive: " << t.SoundActive << "  HeaderFlag: " << t.HeaderFlag
           << "  sv_idioma: " << t.sv_idioma << "  sv_locutor: " << t.sv_locutor
           << "  SV_velocitat: " << t.SV_velocitat << '\n';
-    for (int16_t i = 1; i <= t.AreaCount(); ++i)
+    for (int i = 1; i <= t.AreaCount(); ++i)
         printArea(t, i, c.out);
     return kSuccess;
 }

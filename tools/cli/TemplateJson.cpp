@@ -28,7 +28,7 @@ QJsonObject areaJson(const Template& t, int16_t index) {
 
 QByteArray templateJson(const Template& t) {
     QJsonArray areas;
-    for (int16_t i = 1; i <= t.AreaCount(); ++i)
+    for (int i = 1; i <= t.AreaCount(); ++i)
         areas.append(areaJson(t, i));
     const QJsonObject root = {
         {QStringLiteral("file"), t.TemplateFileName},

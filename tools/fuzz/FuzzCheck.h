@@ -22,7 +22,7 @@ inline bool sameAreas(const Template& a, const Template& b,
                       ClipFlagStored clipFlag = ClipFlagStored::Yes) {
     if (a.AreaCount() != b.AreaCount())
         return false;
-    for (int16_t i = 1; i <= a.AreaCount(); ++i) {
+    for (int i = 1; i <= a.AreaCount(); ++i) {
         Area left = a.area(i);
         if (clipFlag == ClipFlagStored::No)
             left.ClipFlag = b.area(i).ClipFlag;
