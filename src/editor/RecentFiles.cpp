@@ -1,0 +1,49 @@
+#include "editor/RecentFiles.h"
+
+namespace mervak {
+
+namespace {
+
+const QString kSection = QStringLiteral("Recents");
+constexpr int kPathBuffer = 4096;
+
+QString keyFor(int n) {
+    return QStringLiteral("Fitxer%1").arg(n);
+}
+
+} // namespace
+
+RecentFiles::RecentFiles(PrivateProfile profile) : profile_(std::move(profile)) {}
+
+QStringList RecentFiles::files() const {
+    QStringList files;
+    for (int n = 1; n <= kMaxFiles; ++n) {
+        const QString path = profile_.readString(kSection, keyFor(n), {}, kPathBuffer);
+        if (!path.isEmpty() && !files.contains(path))
+            files.append(path);
+    }
+    return files;
+}
+
+bool RecentFiles::add(const QString& path, QString* error) const {
+    QStringList list = files();
+    list.removeAll(path);
+    list.prepend(path);
+    return store(list.mid(0, kMaxFiles), error);
+}
+
+bool RecentFiles::remove(const QString& path, QString* error) const {
+    QStringList list = files();
+    if (!list.removeAll(path))
+        return true;
+    return store(list, error);
+}
+
+bool RecentFiles::store(const QStringList& files, QString* error) const {
+    QList<PrivateProfile::KeyValue> entries;
+    for (int n = 1; n <= kMaxFiles; ++n)
+        entries.append({keyFor(n), n <= files.size() ? files[n - 1] : QString()});
+    return profile_.writeStrings(kSection, entries, error);
+}
+
+} // namespace mervak

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/PrivateProfile.h"
+
+#include <QStringList>
+
+namespace mervak {
+
+// The Templates opened or saved last, newest first, kept in MERVAK.INI under
+// section "Recents" as keys "Fitxer1".."Fitxer8". The file is read anew on
+// every call, so two copies of the program do not overwrite each other's list
+// with a stale one.
+class RecentFiles {
+public:
+    static constexpr int kMaxFiles = 8;
+
+    explicit RecentFiles(PrivateProfile profile);
+
+    // The stored paths, without blanks or repeats, at most kMaxFiles.
+    QStringList files() const;
+
+    // Puts `path` first (dropping an older entry for it). False with `error` set
+    // when the file could not be written.
+    bool add(const QString& path, QString* error = nullptr) const;
+
+    // Drops `path`, after it failed to open.
+    bool remove(const QString& path, QString* error = nullptr) const;
+
+private:
+    bool store(const QStringList& files, QString* error) const;
+
+    PrivateProfile profile_;
+};
+
+} // namespace mervak

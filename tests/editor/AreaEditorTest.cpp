@@ -1,0 +1,282 @@
+#include "editor/AreaEditor.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace mervak {
+namespace {
+
+Area area(int16_t x0, int16_t y0, int16_t x1, int16_t y1, int16_t page, const char* text = "") {
+    Area a;
+    a.X0 = x0;
+    a.Y0 = y0;
+    a.X1 = x1;
+    a.Y1 = y1;
+    a.Page = page;
+    a.ActionText = QString::fromUtf8(text);
+    return a;
+}
+
+SheetRect rectAt(const Template& t, int16_t index) {
+    return rectOf(t.area(index));
+}
+
+class AreaEditorTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        tmpl.PageCount = 2;
+        tmpl.AppendArea(area(10, 10, 30, 30, 1, "a"));
+        tmpl.AppendArea(area(10, 10, 30, 30, 2, "other page"));
+        tmpl.AppendArea(area(50, 50, 90, 70, 1, "b"));
+        // As a file leaves it after reading.
+        tmpl.Modified = false;
+        tmpl.CurrentArea = 0;
+        tmpl.refreshPageAreaCount();
+    }
+
+    // The Template as the undo snapshot would give it back.
+    QList<Area> areas() const {
+        QList<Area> list;
+        for (int16_t i = 1; i <= tmpl.AreaCount(); ++i)
+            list.append(tmpl.area(i));
+        return list;
+    }
+
+    QTemporaryDir home;
+    Template tmpl;
+    UndoSnapshot snapshot{home.path()};
+    int beeps = 0;
+    AreaEditor editor{{tmpl, snapshot, [this] { ++beeps; }, [] { return Language::Catalan; }}};
+};
+
+TEST_F(AreaEditorTest, PickingOnTheSheetSetsTheCounters) {
+    editor.selectAt(60, 60);
+    EXPECT_EQ(tmpl.SelectedArea, 3);
+    EXPECT_EQ(tmpl.CurrentArea, 2);
+    EXPECT_EQ(tmpl.PageAreaCount, 2);
+    editor.selectAt(100, 100);
+    EXPECT_EQ(tmpl.SelectedArea, 0);
+    EXPECT_EQ(editor.selected(), nullptr);
+    editor.select(2); // on page 2, not shown
+    EXPECT_EQ(tmpl.SelectedArea, 0);
+    EXPECT_EQ(beeps, 0);
+}
+
+TEST_F(AreaEditorTest, NextAndPreviousBeepAtTheEndsOfThePage) {
+    editor.nextArea();
+    EXPECT_EQ(tmpl.SelectedArea, 1);
+    editor.nextArea();
+    EXPECT_EQ(tmpl.SelectedArea, 3);
+    EXPECT_EQ(beeps, 0);
+    editor.nextArea();
+    EXPECT_EQ(tmpl.SelectedArea, 3);
+    EXPECT_EQ(beeps, 1);
+    editor.previousArea();
+    EXPECT_EQ(tmpl.SelectedArea, 1);
+    editor.previousArea();
+    EXPECT_EQ(beeps, 2);
+}
+
+TEST_F(AreaEditorTest, EditsNeedASelectionAndBeepWithout) {
+    const QList<Area> before = areas();
+    EXPECT_FALSE(editor.deleteArea());
+    EXPECT_FALSE(editor.setCoordinate(Coordinate::X0, 5));
+    EXPECT_FALSE(editor.moveArea(1, 1));
+    EXPECT_FALSE(editor.setActionText(QStringLiteral("x")));
+    EXPECT_FALSE(editor.setRepeatReadings(true));
+    EXPECT_FALSE(editor.beginSubdivide());
+    EXPECT_EQ(beeps, 6);
+    EXPECT_EQ(areas(), before);
+    EXPECT_FALSE(tmpl.Modified);
+    EXPECT_FALSE(QFile::exists(snapshot.snapshotPath()));
+}
+
+TEST_F(AreaEditorTest, DrawingAddsTheRectangleOnTheCurrentPage) {
+    int drawing = 0;
+    QObject::connect(&editor, &AreaEditor::drawingChanged, [&drawing] { ++drawing; });
+    editor.startDrawing({40, 100});
+    editor.drawTo({20, 130});
+    ASSERT_TRUE(editor.drawing());
+    EXPECT_EQ(*editor.drawing(), (SheetRect{20, 100, 40, 120}));
+    EXPECT_TRUE(editor.finishDrawing());
+    EXPECT_FALSE(editor.drawing());
+    EXPECT_GE(drawing, 3);
+    ASSERT_EQ(tmpl.AreaCount(), 4);
+    EXPECT_EQ(rectAt(tmpl, 4), (SheetRect{20, 100, 40, 120}));
+    EXPECT_EQ(tmpl.area(4).Page, 1);
+    EXPECT_EQ(tmpl.SelectedArea, 4);
+    EXPECT_EQ(tmpl.CurrentArea, 3);
+    EXPECT_EQ(tmpl.PageAreaCount, 3);
+    EXPECT_TRUE(tmpl.Modified);
+}
+
+TEST_F(AreaEditorTest, AClickWithoutWidthOrHeightDrawsNothing) {
+    for (QPoint end : {QPoint(40, 40), QPoint(40, 60), QPoint(70, 40)}) {
+        editor.startDrawing({40, 40});
+        editor.drawTo(end);
+        EXPECT_FALSE(editor.finishDrawing()) << end.x() << "," << end.y();
+    }
+    EXPECT_FALSE(editor.finishDrawing());
+    EXPECT_EQ(tmpl.AreaCount(), 3);
+    EXPECT_FALSE(tmpl.Modified);
+}
+
+TEST_F(AreaEditorTest, ThePenDrawsFromStartToItsLastPoint) {
+    editor.drawWithDevice(5, 6, 0);
+    editor.drawWithDevice(15, 20, 1);
+    editor.drawWithDevice(25, 26, 1);
+    editor.drawWithDevice(-1, -1, 2); // the lifted pen reports no position
+    ASSERT_EQ(tmpl.AreaCount(), 4);
+    EXPECT_EQ(rectAt(tmpl, 4), (SheetRect{5, 6, 25, 26}));
+    editor.drawWithDevice(0, 0, 2); // an end with no start
+    EXPECT_EQ(tmpl.AreaCount(), 4);
+}
+
+TEST_F(AreaEditorTest, DragMovesAndResizesWithOneSnapshot) {
+    editor.select(3);
+    editor.beginDrag(Grip::Body);
+    editor.dragBy(5, 5);
+    editor.dragBy(10, -10);
+    editor.endDrag();
+    EXPECT_EQ(rectAt(tmpl, 3), (SheetRect{60, 40, 100, 60}));
+    editor.beginDrag(Grip::TopRight);
+    editor.dragBy(0, 0);
+    editor.dragBy(-20, 30);
+    editor.endDrag();
+    EXPECT_EQ(rectAt(tmpl, 3), (SheetRect{60, 40, 80, 90}));
+    ASSERT_TRUE(editor.undo());
+    EXPECT_EQ(rectAt(tmpl, 3), (SheetRect{60, 40, 100, 60})) << "one undo takes back one drag";
+}
+
+TEST_F(AreaEditorTest, CoordinatesAreClampedAndStoredAsTyped) {
+    editor.select(1);
+    const struct {
+        Coordinate which;
+        int value;
+        int16_t Area::*field;
+        int16_t stored;
+    } cases[] = {
+        {Coordinate::X0, 12, &Area::X0, 12},   {Coordinate::X1, 500, &Area::X1, 120},
+        {Coordinate::Y0, -4, &Area::Y0, 0},    {Coordinate::Y1, 119, &Area::Y1, 119},
+        {Coordinate::X0, 200, &Area::X0, 120}, // past X1: kept so, the hit test orders it
+    };
+    for (const auto& c : cases) {
+        ASSERT_TRUE(editor.setCoordinate(c.which, c.value));
+        EXPECT_EQ(tmpl.area(1).*c.field, c.stored) << static_cast<int>(c.which) << " " << c.value;
+    }
+}
+
+TEST_F(AreaEditorTest, ArrowKeysMoveAndResizeInsideTheSheet) {
+    editor.select(3);
+    EXPECT_TRUE(editor.moveArea(-5, 0));
+    EXPECT_TRUE(editor.moveArea(0, 100));
+    EXPECT_EQ(rectAt(tmpl, 3), (SheetRect{45, 100, 85, 120}));
+    EXPECT_TRUE(editor.resizeArea(-50, -30));
+    EXPECT_EQ(rectAt(tmpl, 3), (SheetRect{35, 90, 45, 100}));
+    ASSERT_TRUE(editor.undo());
+    EXPECT_EQ(rectAt(tmpl, 3), (SheetRect{50, 50, 90, 70})) << "a run of keys is one step";
+}
+
+TEST_F(AreaEditorTest, TypingAnActionTextIsOneUndoStepPerArea) {
+    editor.select(1);
+    for (const char* text : {"h", "ho", "hol", "hola"})
+        editor.setActionText(QString::fromUtf8(text));
+    editor.select(3);
+    editor.setActionText(QStringLiteral("b!"));
+    ASSERT_TRUE(editor.undo());
+    EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola"));
+    EXPECT_EQ(tmpl.area(3).ActionText, QStringLiteral("b"));
+}
+
+TEST_F(AreaEditorTest, AddDeleteAndMaximum) {
+    EXPECT_TRUE(editor.maximizeArea()); // nothing selected: a new whole-sheet Area
+    EXPECT_EQ(rectAt(tmpl, 4), (SheetRect{0, 0, 120, 120}));
+    editor.select(1);
+    EXPECT_TRUE(editor.maximizeArea());
+    EXPECT_EQ(rectAt(tmpl, 1), (SheetRect{0, 0, 120, 120}));
+    EXPECT_EQ(tmpl.AreaCount(), 4);
+    EXPECT_TRUE(editor.addArea());
+    EXPECT_EQ(rectAt(tmpl, 5), (SheetRect{50, 50, 70, 70}));
+    editor.select(3);
+    EXPECT_TRUE(editor.deleteArea());
+    EXPECT_EQ(tmpl.AreaCount(), 4);
+    EXPECT_EQ(tmpl.SelectedArea, 3) << "the next Area of the page takes the place";
+    EXPECT_EQ(tmpl.CurrentArea, 2);
+    EXPECT_EQ(tmpl.PageAreaCount, 3);
+    while (editor.selected())
+        editor.deleteArea();
+    EXPECT_EQ(tmpl.AreaCount(), 1);
+    EXPECT_EQ(tmpl.area(1).Page, 2);
+    EXPECT_EQ(tmpl.PageAreaCount, 0);
+}
+
+TEST_F(AreaEditorTest, RepeatReadingsIsTheFlagsBoolean) {
+    editor.select(1);
+    ASSERT_TRUE(editor.setRepeatReadings(true));
+    EXPECT_EQ(tmpl.area(1).Flags, -1);
+    ASSERT_TRUE(editor.setRepeatReadings(false));
+    EXPECT_EQ(tmpl.area(1).Flags, 0);
+}
+
+TEST_F(AreaEditorTest, SubdivideAfterItsSnapshot) {
+    editor.select(3);
+    ASSERT_TRUE(editor.beginSubdivide());
+    ASSERT_TRUE(editor.subdivide(2, 2));
+    EXPECT_EQ(tmpl.AreaCount(), 6);
+    EXPECT_EQ(rectAt(tmpl, 3), (SheetRect{50, 50, 70, 60}));
+    EXPECT_EQ(rectAt(tmpl, 6), (SheetRect{70, 60, 90, 70}));
+    EXPECT_EQ(tmpl.PageAreaCount, 5);
+    EXPECT_FALSE(editor.subdivide(2, 2)) << "nothing is selected after a split";
+    ASSERT_TRUE(editor.undo());
+    EXPECT_EQ(tmpl.AreaCount(), 3);
+}
+
+TEST_F(AreaEditorTest, UndoKeepsThePageShownAndTheFileName) {
+    tmpl.TemplateFileName = QStringLiteral("/classe/meva.mvw");
+    editor.showPage(2);
+    editor.select(2);
+    ASSERT_TRUE(editor.setCoordinate(Coordinate::X1, 100));
+    ASSERT_TRUE(editor.undo());
+    EXPECT_EQ(tmpl.CurrentPage, 2);
+    EXPECT_EQ(tmpl.TemplateFileName, QStringLiteral("/classe/meva.mvw"));
+    EXPECT_EQ(tmpl.area(2).X1, 30);
+    EXPECT_EQ(tmpl.SelectedArea, 0);
+    EXPECT_EQ(tmpl.PageAreaCount, 1);
+    EXPECT_TRUE(tmpl.Modified);
+}
+
+TEST_F(AreaEditorTest, UndoWithoutSnapshotSaysSoAndChangesNothing) {
+    QStringList problems;
+    QObject::connect(&editor, &AreaEditor::problem,
+                     [&problems](const QString& text) { problems.append(text); });
+    const QList<Area> before = areas();
+    EXPECT_FALSE(editor.undo());
+    ASSERT_EQ(problems.size(), 1);
+    EXPECT_TRUE(problems[0].startsWith(QStringLiteral("Error en llegir el fitxer ")))
+        << problems[0];
+    EXPECT_EQ(areas(), before);
+}
+
+TEST_F(AreaEditorTest, AnUnwritableSnapshotIsReportedAndTheEditGoesOn) {
+    UndoSnapshot nowhere{QStringLiteral("/proc/no/such/folder")};
+    AreaEditor stuck{{tmpl, nowhere, [] {}, [] { return Language::Spanish; }}};
+    int problems = 0;
+    QObject::connect(&stuck, &AreaEditor::problem, [&problems] { ++problems; });
+    stuck.select(1);
+    EXPECT_TRUE(stuck.moveArea(1, 0));
+    EXPECT_EQ(problems, 1);
+    EXPECT_EQ(rectAt(tmpl, 1), (SheetRect{11, 10, 31, 30}));
+}
+
+TEST_F(AreaEditorTest, PagesChangeOnlyToExistingOnes) {
+    EXPECT_FALSE(editor.showPage(0));
+    EXPECT_FALSE(editor.showPage(3));
+    EXPECT_FALSE(editor.showPage(1));
+    EXPECT_TRUE(editor.showPage(2));
+    EXPECT_EQ(tmpl.CurrentPage, 2);
+    EXPECT_EQ(tmpl.PageAreaCount, 1);
+    EXPECT_EQ(tmpl.CurrentArea, 0);
+}
+
+} // namespace
+} // namespace mervak
