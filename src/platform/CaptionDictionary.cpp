@@ -171,6 +171,26 @@ constexpr CaptionPair kCaptions[] = {
     {u"Cercant la tauleta...", u"Buscando la tauleta..."},
     {u"Desbordament numèric", u"Desbordamiento numérico"},
     {u"No hi ha sortida de so: ", u"No hay salida de sonido: "},
+    // Template properties dialog.
+    {u"Làmina", u"Lámina"},
+    {u"Directori:", u"Directorio:"},
+    {u"Ordres:", u"Órdenes:"},
+    {u"Idioma:", u"Idioma:"},
+    {u"Finestres obertes...", u"Ventanas abiertas..."},
+    {u"(cap finestra)", u"(ninguna ventana)"},
+    {u"Tots els fitxers", u"Todos los archivos"},
+    // Printing the sheet and saving its thumbnail.
+    {u"Desar la làmina en PDF", u"Guardar la lámina en PDF"},
+    {u"Pàgines:", u"Páginas:"},
+    {u"Pàgina actual", u"Página actual"},
+    {u"Totes les pàgines", u"Todas las páginas"},
+    {u"Paper:", u"Papel:"},
+    {u"Mida de la tauleta:", u"Tamaño de la tableta:"},
+    {u"Contorns i etiquetes de les àrees", u"Contornos y etiquetas de las áreas"},
+    {u"Document PDF", u"Documento PDF"},
+    {u"Imatge PNG", u"Imagen PNG"},
+    {u"La tauleta no cap en aquest paper: ", u"La tableta no cabe en este papel: "},
+    {u"No s'ha pogut desar ", u"No se ha podido guardar "},
 };
 
 const QHash<QString, QString>& spanishCaptions() {

@@ -1,0 +1,433 @@
+#include "editor/widgets/PlantForm.h"
+
+#include "editor/MacroCatalogue.h"
+#include "editor/widgets/Captions.h"
+#include "editor/widgets/Dialogs.h"
+#include "platform/PathResolver.h"
+#include "platform/WindowSystem.h"
+#include "template/Template.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QImageReader>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStandardItemModel>
+#include <QToolButton>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace mervak {
+
+namespace {
+
+constexpr QSize kPreviewSize(220, 165);
+constexpr int kPromptData = -1; // item data of the picker rows that are no entry
+constexpr int kOtherData = -2;
+
+QLineEdit* field(const char* name) {
+    auto* edit = new QLineEdit;
+    edit->setObjectName(QString::fromLatin1(name));
+    edit->setMinimumWidth(260);
+    return edit;
+}
+
+QLabel* captionLabel(const char* catalan, Language language, QWidget* buddy) {
+    auto* label = new QLabel;
+    setCaption(label, QString::fromUtf8(catalan), language);
+    label->setBuddy(buddy);
+    return label;
+}
+
+QToolButton* browseButton(const char* tipCatalan, Language language) {
+    auto* button = new QToolButton;
+    button->setText(QStringLiteral("..."));
+    setToolTipCaption(button, QString::fromUtf8(tipCatalan), language);
+    return button;
+}
+
+QHBoxLayout* row(std::initializer_list<QWidget*> widgets) {
+    auto* layout = new QHBoxLayout;
+    for (QWidget* widget : widgets)
+        layout->addWidget(widget);
+    return layout;
+}
+
+void setEnabledRow(QComboBox* combo, int row, bool enabled) {
+    if (auto* model = qobject_cast<QStandardItemModel*>(combo->model()))
+        model->item(row)->setEnabled(enabled);
+}
+
+// The entries in file order, a disabled group title before each new group.
+void addEntries(QComboBox* combo, const QList<CatalogueEntry>& entries) {
+    QString group;
+    for (qsizetype i = 0; i < entries.size(); ++i) {
+        if (entries[i].group.compare(group, Qt::CaseInsensitive) != 0) {
+            group = entries[i].group;
+            combo->addItem(group.isEmpty() ? QStringLiteral("—") : group, kPromptData);
+            setEnabledRow(combo, combo->count() - 1, false);
+        }
+        combo->addItem(QStringLiteral("    ") + entries[i].name, static_cast<int>(i));
+    }
+}
+
+int16_t spinValue(const QSpinBox* spin) {
+    return static_cast<int16_t>(spin->value());
+}
+
+} // namespace
+
+bool PlantForm::edit(QWidget* parent, Template& t, WindowSystem& windows,
+                     const MacroCatalogue& catalogue, Language language, QString* pathDefault) {
+    PlantForm form(t, windows, catalogue, language, pathDefault, parent);
+    if (form.exec() != QDialog::Accepted)
+        return false;
+    return form.applyTo(t, pathDefault);
+}
+
+PlantForm::PlantForm(const Template& t, WindowSystem& windows, const MacroCatalogue& catalogue,
+                     Language language, const QString* pathDefault, QWidget* parent)
+    : QDialog(parent), windows_(windows), catalogue_(catalogue), language_(language),
+      fitxGraf_(field("FitxGraf")), pathDefault_(field("Pathdefault")),
+      fitxClip_(field("FitxClip")), txFinestra_(field("TxFinestra")), tecles_(field("Tecles")),
+      ordres_(field("Ordres")), fitxDoc_(field("FitxDoc")), descripcio_(field("descripcio")),
+      soundActive_(new QCheckBox), svIdioma_(new QComboBox), svLocutor_(new QSpinBox),
+      svVelocitat_(new QSpinBox), programs_(new QComboBox), macros_(new QComboBox),
+      windowButton_(new QToolButton), windowMenu_(new QMenu(this)), preview_(new QLabel) {
+    setObjectName(QStringLiteral("PlantForm"));
+    if (!t.isUntitled())
+        templateFolder_ = QFileInfo(t.TemplateFileName).absolutePath();
+    buildLayout(language, pathDefault != nullptr);
+    load(t, pathDefault);
+    initial_ = fields();
+    connect(fitxGraf_, &QLineEdit::textChanged, this, &PlantForm::refreshPreview);
+    connect(programs_, &QComboBox::activated, this, &PlantForm::programPicked);
+    connect(macros_, &QComboBox::activated, this, &PlantForm::macroPicked);
+    connect(windowButton_, &QToolButton::clicked, this, &PlantForm::showWindowList);
+    refreshPreview();
+}
+
+void PlantForm::buildLayout(Language language, bool withPathDefault) {
+    setWindowCaption(this, QStringLiteral("Dades Inicials"), language);
+
+    auto* pictureButton = browseButton("Fitxer...", language);
+    auto* folderButton = browseButton("Directori", language);
+    auto* clipButton = browseButton("Directori", language);
+    auto* docButton = browseButton("Fitxer...", language);
+    auto* viewDoc = new QToolButton;
+    setCaption(viewDoc, QStringLiteral("Veure"), language);
+    setToolTipCaption(viewDoc, QStringLiteral("Veure la documentació"), language);
+    connect(pictureButton, &QToolButton::clicked, this, [this] {
+        browseFile(fitxGraf_, QStringLiteral("Caràtula:"), QStringLiteral("Fitxers Gràfics"),
+                   {"*.png", "*.jpg", "*.jpeg", "*.bmp", "*.gif"});
+    });
+    connect(folderButton, &QToolButton::clicked, this, [this] { browseFolder(pathDefault_); });
+    connect(clipButton, &QToolButton::clicked, this, [this] { browseFolder(fitxClip_); });
+    connect(docButton, &QToolButton::clicked, this, [this] {
+        browseFile(fitxDoc_, QStringLiteral("Documentació:"), QStringLiteral("Tots els fitxers"),
+                   {"*"});
+    });
+    connect(viewDoc, &QToolButton::clicked, this, &PlantForm::openDocumentation);
+
+    preview_->setObjectName(QStringLiteral("preview"));
+    preview_->setFixedSize(kPreviewSize);
+    preview_->setAlignment(Qt::AlignCenter);
+    preview_->setFrameShape(QFrame::StyledPanel);
+    preview_->setStyleSheet(QStringLiteral("background: white"));
+
+    auto* sheetForm = new QFormLayout;
+    sheetForm->addRow(captionLabel("Caràtula:", language, fitxGraf_),
+                      row({fitxGraf_, pictureButton}));
+    if (withPathDefault) {
+        sheetForm->addRow(captionLabel("Directori:", language, pathDefault_),
+                          row({pathDefault_, folderButton}));
+    } else {
+        pathDefault_->setParent(this);
+        pathDefault_->hide();
+        delete folderButton;
+    }
+    sheetForm->addRow(captionLabel("Carregar fitxer a la carpeta:", language, fitxClip_),
+                      row({fitxClip_, clipButton}));
+    sheetForm->addRow(captionLabel("Documentació:", language, fitxDoc_),
+                      row({fitxDoc_, docButton, viewDoc}));
+    sheetForm->addRow(captionLabel("Descripció:", language, descripcio_), descripcio_);
+    auto* sheetBox = new QGroupBox;
+    setCaption(sheetBox, QStringLiteral("Làmina"), language);
+    auto* sheetRow = new QHBoxLayout(sheetBox);
+    sheetRow->addLayout(sheetForm, 1);
+    sheetRow->addWidget(preview_, 0, Qt::AlignTop);
+
+    windowButton_->setObjectName(QStringLiteral("triaFinestra"));
+    windowButton_->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    setCaption(windowButton_, QStringLiteral("Finestres obertes..."), language);
+    programs_->setObjectName(QStringLiteral("programes"));
+    macros_->setObjectName(QStringLiteral("macros"));
+    auto* appForm = new QFormLayout;
+    appForm->addRow(captionLabel("Aplicació:", language, txFinestra_),
+                    row({txFinestra_, windowButton_}));
+    appForm->addRow(captionLabel("Ordres:", language, ordres_), ordres_);
+    appForm->addRow(QString(), programs_);
+    appForm->addRow(captionLabel("Tecles:", language, tecles_), tecles_);
+    appForm->addRow(QString(), macros_);
+    auto* appBox = new QGroupBox;
+    setCaption(appBox, QStringLiteral("Programació"), language);
+    appBox->setLayout(appForm);
+
+    soundActive_->setObjectName(QStringLiteral("SoundActive"));
+    setCaption(soundActive_, QStringLiteral("&So actiu"), language);
+    svIdioma_->setObjectName(QStringLiteral("sv_idioma"));
+    svIdioma_->addItems({QStringLiteral("Català"), QStringLiteral("Español")});
+    svLocutor_->setObjectName(QStringLiteral("sv_locutor"));
+    svLocutor_->setRange(0, 99);
+    svVelocitat_->setObjectName(QStringLiteral("SV_velocitat"));
+    svVelocitat_->setRange(0, 999);
+    auto* speechBox = new QGroupBox;
+    setCaption(speechBox, QStringLiteral("Síntesis de veu UPCTV"), language);
+    auto* speechRow = new QHBoxLayout(speechBox);
+    speechRow->addWidget(soundActive_);
+    speechRow->addSpacing(16);
+    for (auto [caption, widget] : {std::pair<const char*, QWidget*>{"Idioma:", svIdioma_},
+                                   {"Veu", svLocutor_},
+                                   {"Velocitat", svVelocitat_}}) {
+        speechRow->addWidget(captionLabel(caption, language, widget));
+        speechRow->addWidget(widget);
+        speechRow->addSpacing(8);
+    }
+    speechRow->addStretch(1);
+
+    auto* accept = new QPushButton;
+    accept->setObjectName(QStringLiteral("Acceptar"));
+    setCaption(accept, QStringLiteral("Acceptar"), language);
+    accept->setDefault(true);
+    auto* cancel = new QPushButton;
+    cancel->setObjectName(QStringLiteral("Cancellar"));
+    setCaption(cancel, QStringLiteral("Cancel·lar"), language);
+    connect(accept, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(accept);
+    buttons->addWidget(cancel);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(sheetBox);
+    layout->addWidget(appBox);
+    layout->addWidget(speechBox);
+    layout->addLayout(buttons);
+    fillPickers(language);
+    for (QFormLayout* form : {sheetForm, appForm})
+        for (int i = 0; i < form->rowCount(); ++i)
+            if (auto* label = form->itemAt(i, QFormLayout::LabelRole))
+                formLabels_.append(qobject_cast<QLabel*>(label->widget()));
+    formLabels_.removeAll(nullptr);
+    alignLabels();
+}
+
+// Both groups' fields start at the same column, in either language.
+void PlantForm::alignLabels() {
+    int widest = 0;
+    for (QLabel* label : formLabels_) {
+        label->setMinimumWidth(0);
+        widest = std::max(widest, label->sizeHint().width());
+    }
+    for (QLabel* label : formLabels_)
+        label->setMinimumWidth(widest);
+}
+
+void PlantForm::load(const Template& t, const QString* pathDefault) {
+    fitxGraf_->setText(t.FitxGraf);
+    if (pathDefault)
+        pathDefault_->setText(*pathDefault);
+    fitxClip_->setText(t.FitxClip);
+    txFinestra_->setText(t.TxFinestra);
+    tecles_->setText(t.Tecles);
+    ordres_->setText(t.Ordres);
+    fitxDoc_->setText(t.FitxDoc);
+    descripcio_->setText(t.descripcio);
+    soundActive_->setChecked(t.SoundActive != 0);
+    svIdioma_->setCurrentIndex(t.sv_idioma == 1 ? 1 : 0);
+    svLocutor_->setValue(t.sv_locutor);
+    svVelocitat_->setValue(t.SV_velocitat);
+    for (QLineEdit* edit : findChildren<QLineEdit*>())
+        edit->setCursorPosition(0);
+}
+
+void PlantForm::fillPickers(Language language) {
+    programs_->clear();
+    programs_->addItem(Message(language, 11), kPromptData);
+    programs_->addItem(Message(language, 12), kOtherData);
+    addEntries(programs_, catalogue_.programs());
+    macros_->clear();
+    macros_->addItem(Message(language, 13), kPromptData);
+    addEntries(macros_, catalogue_.macros());
+}
+
+void PlantForm::translate(Language language) {
+    language_ = language;
+    TranslateForm(this, language);
+    alignLabels();
+    fillPickers(language);
+}
+
+PlantFields PlantForm::fields() const {
+    PlantFields f;
+    f.FitxGraf = fitxGraf_->text();
+    f.Pathdefault = pathDefault_->text();
+    f.FitxClip = fitxClip_->text();
+    f.TxFinestra = txFinestra_->text();
+    f.Tecles = tecles_->text();
+    f.Ordres = ordres_->text();
+    f.FitxDoc = fitxDoc_->text();
+    f.descripcio = descripcio_->text();
+    f.SoundActive = soundActive_->isChecked() ? -1 : 0;
+    f.sv_idioma = static_cast<int16_t>(svIdioma_->currentIndex());
+    f.sv_locutor = spinValue(svLocutor_);
+    f.SV_velocitat = spinValue(svVelocitat_);
+    return f;
+}
+
+bool PlantForm::applyTo(Template& t, QString* pathDefault) const {
+    const PlantFields now = fields();
+    if (now == initial_)
+        return false;
+    // Only what the user changed is written: a stored value the controls
+    // cannot show (a speed of 5000, say) survives an untouched dialog.
+    auto apply = [](auto& target, const auto& before, const auto& after) {
+        if (after != before)
+            target = after;
+    };
+    apply(t.FitxGraf, initial_.FitxGraf, now.FitxGraf);
+    if (pathDefault)
+        apply(*pathDefault, initial_.Pathdefault, now.Pathdefault);
+    apply(t.FitxClip, initial_.FitxClip, now.FitxClip);
+    apply(t.TxFinestra, initial_.TxFinestra, now.TxFinestra);
+    apply(t.Tecles, initial_.Tecles, now.Tecles);
+    apply(t.Ordres, initial_.Ordres, now.Ordres);
+    apply(t.FitxDoc, initial_.FitxDoc, now.FitxDoc);
+    apply(t.descripcio, initial_.descripcio, now.descripcio);
+    apply(t.SoundActive, initial_.SoundActive, now.SoundActive);
+    apply(t.sv_idioma, initial_.sv_idioma, now.sv_idioma);
+    apply(t.sv_locutor, initial_.sv_locutor, now.sv_locutor);
+    apply(t.SV_velocitat, initial_.SV_velocitat, now.SV_velocitat);
+    t.Modified = true;
+    return true;
+}
+
+void PlantForm::programPicked(int row) {
+    const int data = programs_->itemData(row).toInt();
+    programs_->setCurrentIndex(MacroCatalogue::kProgramPromptRow);
+    if (data == kOtherData) {
+        const QString chosen =
+            chooseFileToOpen(this, language_, QStringLiteral("Executar programes"),
+                             {{QStringLiteral("Tots els fitxers"), {QStringLiteral("*")}}},
+                             QStringLiteral("/usr/bin"));
+        if (!chosen.isEmpty())
+            ordres_->setText(chosen);
+    } else if (data >= 0 && data < catalogue_.programs().size()) {
+        ordres_->setText(catalogue_.programs()[data].text);
+    }
+}
+
+void PlantForm::macroPicked(int row) {
+    const int data = macros_->itemData(row).toInt();
+    macros_->setCurrentIndex(MacroCatalogue::kMacroPromptRow);
+    if (data >= 0 && data < catalogue_.macros().size()) {
+        tecles_->insert(catalogue_.macros()[data].text);
+        tecles_->setFocus();
+    }
+}
+
+void PlantForm::showWindowList() {
+    QList<WindowId> ours;
+    for (const QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && window->internalWinId())
+            ours.append(window->internalWinId());
+    windowMenu_->clear();
+    for (const WindowInfo& window : windows_.topLevelWindows()) {
+        if (ours.contains(window.id) || window.title.trimmed().isEmpty())
+            continue;
+        const QString title = window.title;
+        connect(windowMenu_->addAction(title), &QAction::triggered, this, [this, title] {
+            txFinestra_->setText(title);
+            txFinestra_->setCursorPosition(0);
+        });
+    }
+    if (windowMenu_->isEmpty())
+        windowMenu_->addAction(TranslateCaption(language_, QStringLiteral("(cap finestra)")))
+            ->setEnabled(false);
+    windowMenu_->popup(windowButton_->mapToGlobal(QPoint(0, windowButton_->height())));
+}
+
+void PlantForm::refreshPreview() {
+    const QString path = resolved(fitxGraf_->text());
+    QImageReader reader(path);
+    reader.setAutoTransform(true);
+    const QImage image = fitxGraf_->text().isEmpty() ? QImage() : reader.read();
+    if (image.isNull()) {
+        preview_->setPixmap(QPixmap());
+        preview_->setText(fitxGraf_->text().isEmpty() ? QString() : QStringLiteral("?"));
+        return;
+    }
+    const QSize inner = kPreviewSize - QSize(6, 6);
+    preview_->setPixmap(
+        QPixmap::fromImage(image.scaled(inner, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+}
+
+void PlantForm::browseFile(QLineEdit* target, const QString& title, const QString& filterName,
+                           const QStringList& patterns) {
+    const QString current = resolved(target->text());
+    const QString start = target->text().isEmpty() ? templateFolder_ : QFileInfo(current).path();
+    const QString chosen =
+        chooseFileToOpen(this, language_, title, {{filterName, patterns}}, start);
+    if (!chosen.isEmpty())
+        target->setText(storedName(chosen));
+}
+
+void PlantForm::browseFolder(QLineEdit* target) {
+    QFileDialog dialog(this, TranslateCaption(language_, QStringLiteral("Directori")));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.setLabelText(QFileDialog::Reject,
+                        TranslateCaption(language_, QStringLiteral("Cancel·lar")));
+    dialog.setLabelText(QFileDialog::Accept,
+                        TranslateCaption(language_, QStringLiteral("Acceptar")));
+    const QString current = resolved(target->text());
+    dialog.setDirectory(QFileInfo(current).isDir() ? current : templateFolder_);
+    if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty())
+        target->setText(storedName(dialog.selectedFiles().first()));
+}
+
+void PlantForm::openDocumentation() {
+    const QString path = resolved(fitxDoc_->text());
+    if (!fitxDoc_->text().isEmpty() && QFileInfo::exists(path))
+        QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    else
+        QApplication::beep();
+}
+
+QString PlantForm::storedName(const QString& chosenPath) const {
+    if (templateFolder_.isEmpty())
+        return chosenPath;
+    const QString relative = QDir(templateFolder_).relativeFilePath(chosenPath);
+    const bool inside = !relative.startsWith(QStringLiteral("..")) && relative != u".";
+    return inside ? relative : chosenPath;
+}
+
+QString PlantForm::resolved(const QString& stored) const {
+    return resolveStoredPath(stored,
+                             templateFolder_.isEmpty() ? QDir::currentPath() : templateFolder_);
+}
+
+} // namespace mervak
