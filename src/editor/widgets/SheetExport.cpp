@@ -87,12 +87,19 @@ void paintSheet(QPainter& painter, const QRectF& target, const Template& t, cons
         painter.drawRect(box);
         if (!style->labels)
             continue;
+        const QString label = SendKeysParser::PlainKeys(area.ActionText);
+        if (label.isEmpty())
+            continue;
+        // A pale backing keeps the label readable on dark pictures.
+        const QRectF room =
+            box.adjusted(style->padding, style->padding, -style->padding, -style->padding);
+        const int flags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
+        const QRectF used = painter.boundingRect(room, flags, label).intersected(room);
         painter.save();
         painter.setClipRect(box);
-        painter.drawText(
-            box.adjusted(style->padding, style->padding, -style->padding, -style->padding),
-            Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
-            SendKeysParser::PlainKeys(area.ActionText));
+        painter.fillRect(used.adjusted(-style->padding / 2, 0, style->padding / 2, 0),
+                         QColor(255, 255, 255, 210));
+        painter.drawText(room, flags, label);
         painter.restore();
     }
 }

@@ -1,13 +1,23 @@
 #include "editor/widgets/SheetExport.h"
 
+#include "support/TestFiles.h"
 #include "template/Template.h"
+#include "template/TemplateFile.h"
 
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QImage>
+#include <QLineEdit>
 #include <QProcess>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace mervak {
@@ -254,6 +264,72 @@ TEST(SheetExport, ThumbnailKeepsThePictureShapeAndOutlinesTheCurrentPage) {
     EXPECT_FALSE(SheetExport::saveThumbnail(threePages(), redPicture(), dir.filePath("x/y.png"),
                                             Language::Catalan, &error));
     EXPECT_TRUE(error.startsWith("No s'ha pogut desar ")) << error;
+}
+
+TEST(SheetExport, PrintsTheDemoSheetWithItsLabels) {
+    Template t;
+    ASSERT_FALSE(loadTemplateFile(test::dataPath("../../data/demo/demo.mvw"), t));
+    QString error;
+    const QImage picture = SheetExport::loadPicture(t, Language::Catalan, &error);
+    ASSERT_FALSE(picture.isNull()) << error;
+    SheetExportOptions options;
+    options.allPages = true;
+    QDir().mkpath(QStringLiteral(MERVAK_SCREENSHOT_DIR));
+    const QString pdf = QStringLiteral(MERVAK_SCREENSHOT_DIR "/sheet-demo.pdf");
+    ASSERT_TRUE(SheetExport::exportPdf(t, picture, options, pdf, Language::Catalan, &error))
+        << error;
+    EXPECT_EQ(pdfInfo(pdf).pages, t.PageCount);
+    const QImage page = render(pdf, 40);
+    EXPECT_TRUE(page.save(QStringLiteral(MERVAK_SCREENSHOT_DIR "/sheet-demo-page1.png")));
+    ASSERT_TRUE(SheetExport::saveThumbnail(t, picture,
+                                           QStringLiteral(MERVAK_SCREENSHOT_DIR "/sheet-mini.png"),
+                                           Language::Catalan, &error));
+}
+
+// Finds the dialog the export has opened, waiting for it to show.
+template <typename D> D* openDialog(const char* objectName = nullptr) {
+    for (int tries = 0; tries < 200; ++tries) {
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (auto* dialog = qobject_cast<D*>(widget);
+                dialog && dialog->isVisible() &&
+                (!objectName || dialog->objectName() == objectName))
+                return dialog;
+        QTest::qWait(10);
+    }
+    return nullptr;
+}
+
+TEST(SheetExport, MenuCommandAsksForOptionsAndFileInSpanish) {
+    QTemporaryDir dir;
+    const QString pdf = dir.filePath("full.pdf");
+    SheetExportOptions options;
+    QStringList captions;
+    QTimer::singleShot(0, [&] {
+        QDialog* choice = openDialog<QDialog>("SheetExportOptions");
+        ASSERT_NE(choice, nullptr);
+        captions.append(choice->windowTitle());
+        for (const QAbstractButton* button : choice->findChildren<QAbstractButton*>())
+            captions.append(button->text());
+        choice->findChild<QComboBox*>()->setCurrentIndex(1); // A3
+        QDir().mkpath(QStringLiteral(MERVAK_SCREENSHOT_DIR));
+        choice->grab().save(QStringLiteral(MERVAK_SCREENSHOT_DIR "/sheet-export-es.png"));
+        for (QPushButton* button : choice->findChildren<QPushButton*>())
+            if (button->text() == "Aceptar")
+                button->click();
+        QTimer::singleShot(0, [&] {
+            auto* files = openDialog<QFileDialog>();
+            ASSERT_NE(files, nullptr);
+            captions.append(files->windowTitle());
+            files->selectFile(pdf);
+            static_cast<QDialog*>(files)->accept(); // public as a QDialog
+        });
+    });
+    EXPECT_TRUE(SheetExport::exportWithDialog(nullptr, threePages(), Language::Spanish, &options));
+    for (const char* caption : {"Guardar la lámina en PDF", "Página actual", "Todas las páginas",
+                                "Contornos y etiquetas de las áreas", "Aceptar", "Cancelar"})
+        EXPECT_TRUE(captions.contains(QString::fromUtf8(caption))) << caption;
+    EXPECT_EQ(options.paper, PaperSize::A3) << "the choice is kept for next time";
+    EXPECT_NEAR(pdfInfo(pdf).sizeMm.width(), 420, 0.5);
 }
 
 } // namespace
