@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QGroupBox>
 #include <QImage>
 #include <QLabel>
@@ -227,6 +228,37 @@ TEST(PlantForm, PickersFillOrdresAndInsertIntoTecles) {
     EXPECT_EQ(tecles->text(), "^{|RM }a");
     emit macros->activated(0);
     EXPECT_EQ(tecles->text(), "^{|RM }a") << "the prompt row inserts nothing";
+}
+
+TEST(PlantForm, OtherProgramIsChosenInAFileDialog) {
+    QTemporaryDir dir;
+    const QString program = dir.filePath("joc-de-lletres");
+    QFile(program).open(QIODevice::WriteOnly);
+    test::FakeWindowSystem windows;
+    Template t = sampleTemplate();
+    PlantForm form(t, windows, catalogue(), Language::Catalan, nullptr);
+    form.show();
+    for (const bool choose : {false, true}) {
+        QTimer::singleShot(0, [&] {
+            QFileDialog* files = nullptr;
+            for (int tries = 0; !files && tries < 200; ++tries) {
+                files = form.findChild<QFileDialog*>();
+                if (!files || !files->isVisible()) {
+                    files = nullptr;
+                    QTest::qWait(10);
+                }
+            }
+            ASSERT_NE(files, nullptr);
+            EXPECT_EQ(files->windowTitle(), "Executar programes");
+            files->selectFile(program);
+            if (choose)
+                static_cast<QDialog*>(files)->accept(); // public as a QDialog
+            else
+                files->reject();
+        });
+        emit child<QComboBox>(form, "programes")->activated(MacroCatalogue::kOtherProgramRow);
+        EXPECT_EQ(text(form, "Ordres"), choose ? program : t.Ordres) << "chosen " << choose;
+    }
 }
 
 TEST(PlantForm, PicksTheTargetFromTheOpenWindows) {

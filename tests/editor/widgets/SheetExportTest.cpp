@@ -332,5 +332,25 @@ TEST(SheetExport, MenuCommandAsksForOptionsAndFileInSpanish) {
     EXPECT_NEAR(pdfInfo(pdf).sizeMm.width(), 420, 0.5);
 }
 
+TEST(SheetExport, ThumbnailCommandAsksWhereToSave) {
+    QTemporaryDir dir;
+    const QString png = dir.filePath("mini.png");
+    for (const bool save : {false, true}) {
+        QTimer::singleShot(0, [&] {
+            auto* files = openDialog<QFileDialog>();
+            ASSERT_NE(files, nullptr);
+            EXPECT_EQ(files->windowTitle(), "Desar mini-làmina");
+            files->selectFile(png);
+            if (save)
+                static_cast<QDialog*>(files)->accept(); // public as a QDialog
+            else
+                files->reject();
+        });
+        EXPECT_EQ(SheetExport::saveThumbnailWithDialog(nullptr, threePages(), Language::Catalan),
+                  save);
+        EXPECT_EQ(QFile::exists(png), save);
+    }
+}
+
 } // namespace
 } // namespace mervak
