@@ -71,7 +71,7 @@ void readAreas(FieldReader& in, Template& t, int16_t count, RecordLayout layout,
     }
 }
 
-// Both version 2 layouts, from line 3 on; `t` holds what lines 1 and 2 said.
+// Each layout reads the whole text again; `t` already holds what lines 1 and 2 said.
 void readVersion2(QStringView text, Template& t) {
     FieldReader in(text);
     in.readInteger();
