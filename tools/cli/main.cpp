@@ -1,4 +1,3 @@
-#include "ActionCommand.h"
 #include "CliText.h"
 #include "Commands.h"
 #include "platform/HomeFolder.h"
@@ -9,8 +8,6 @@
 using namespace mervak;
 
 int main(int argc, char** argv) {
-    if (argc > 1 && qstrcmp(argv[1], "action") == 0)
-        return cli::runActionCommand(argc, argv);
     QCoreApplication app(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
