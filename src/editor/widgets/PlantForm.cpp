@@ -120,70 +120,82 @@ PlantForm::PlantForm(const Template& t, WindowSystem& windows, const MacroCatalo
 
 void PlantForm::buildLayout(Language language, bool withPathDefault) {
     setWindowCaption(this, QStringLiteral("Dades Inicials"), language);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(sheetGroup(language, withPathDefault));
+    layout->addWidget(programGroup(language));
+    layout->addWidget(speechGroup(language));
+    layout->addLayout(buttonRow(language));
+    fillPickers(language);
+    alignLabels();
+}
 
+// Picture, folders, documentation and description, with the picture's preview.
+QGroupBox* PlantForm::sheetGroup(Language language, bool withPathDefault) {
     auto* pictureButton = browseButton("Fitxer...", language);
-    auto* folderButton = browseButton("Directori", language);
-    auto* clipButton = browseButton("Directori", language);
-    auto* docButton = browseButton("Fitxer...", language);
-    auto* viewDoc = new QToolButton;
-    setCaption(viewDoc, QStringLiteral("Veure"), language);
-    setToolTipCaption(viewDoc, QStringLiteral("Veure la documentació"), language);
     connect(pictureButton, &QToolButton::clicked, this, [this] {
         browseFile(fitxGraf_, QStringLiteral("Caràtula:"), QStringLiteral("Fitxers Gràfics"),
                    {"*.png", "*.jpg", "*.jpeg", "*.bmp", "*.gif"});
     });
-    connect(folderButton, &QToolButton::clicked, this, [this] { browseFolder(pathDefault_); });
+    auto* clipButton = browseButton("Directori", language);
     connect(clipButton, &QToolButton::clicked, this, [this] { browseFolder(fitxClip_); });
+    auto* docButton = browseButton("Fitxer...", language);
     connect(docButton, &QToolButton::clicked, this, [this] {
         browseFile(fitxDoc_, QStringLiteral("Documentació:"), QStringLiteral("Tots els fitxers"),
                    {"*"});
     });
+    auto* viewDoc = new QToolButton;
+    setCaption(viewDoc, QStringLiteral("Veure"), language);
+    setToolTipCaption(viewDoc, QStringLiteral("Veure la documentació"), language);
     connect(viewDoc, &QToolButton::clicked, this, &PlantForm::openDocumentation);
+
+    auto* form = new QFormLayout;
+    addFormRow(form, "Caràtula:", fitxGraf_, row({fitxGraf_, pictureButton}), language);
+    if (withPathDefault) {
+        auto* folderButton = browseButton("Directori", language);
+        connect(folderButton, &QToolButton::clicked, this, [this] { browseFolder(pathDefault_); });
+        addFormRow(form, "Directori:", pathDefault_, row({pathDefault_, folderButton}), language);
+    } else {
+        pathDefault_->setParent(this);
+        pathDefault_->hide();
+    }
+    addFormRow(form, "Carregar fitxer a la carpeta:", fitxClip_, row({fitxClip_, clipButton}),
+               language);
+    addFormRow(form, "Documentació:", fitxDoc_, row({fitxDoc_, docButton, viewDoc}), language);
+    addFormRow(form, "Descripció:", descripcio_, row({descripcio_}), language);
 
     preview_->setObjectName(QStringLiteral("preview"));
     preview_->setFixedSize(kPreviewSize);
     preview_->setAlignment(Qt::AlignCenter);
     preview_->setFrameShape(QFrame::StyledPanel);
     preview_->setStyleSheet(QStringLiteral("background: white"));
+    auto* box = new QGroupBox;
+    setCaption(box, QStringLiteral("Làmina"), language);
+    auto* layout = new QHBoxLayout(box);
+    layout->addLayout(form, 1);
+    layout->addWidget(preview_, 0, Qt::AlignTop);
+    return box;
+}
 
-    auto* sheetForm = new QFormLayout;
-    sheetForm->addRow(captionLabel("Caràtula:", language, fitxGraf_),
-                      row({fitxGraf_, pictureButton}));
-    if (withPathDefault) {
-        sheetForm->addRow(captionLabel("Directori:", language, pathDefault_),
-                          row({pathDefault_, folderButton}));
-    } else {
-        pathDefault_->setParent(this);
-        pathDefault_->hide();
-        delete folderButton;
-    }
-    sheetForm->addRow(captionLabel("Carregar fitxer a la carpeta:", language, fitxClip_),
-                      row({fitxClip_, clipButton}));
-    sheetForm->addRow(captionLabel("Documentació:", language, fitxDoc_),
-                      row({fitxDoc_, docButton, viewDoc}));
-    sheetForm->addRow(captionLabel("Descripció:", language, descripcio_), descripcio_);
-    auto* sheetBox = new QGroupBox;
-    setCaption(sheetBox, QStringLiteral("Làmina"), language);
-    auto* sheetRow = new QHBoxLayout(sheetBox);
-    sheetRow->addLayout(sheetForm, 1);
-    sheetRow->addWidget(preview_, 0, Qt::AlignTop);
-
+// The target window, the command line and the keys, with their pickers.
+QGroupBox* PlantForm::programGroup(Language language) {
     windowButton_->setObjectName(QStringLiteral("triaFinestra"));
     windowButton_->setToolButtonStyle(Qt::ToolButtonTextOnly);
     setCaption(windowButton_, QStringLiteral("Finestres obertes..."), language);
     programs_->setObjectName(QStringLiteral("programes"));
     macros_->setObjectName(QStringLiteral("macros"));
-    auto* appForm = new QFormLayout;
-    appForm->addRow(captionLabel("Aplicació:", language, txFinestra_),
-                    row({txFinestra_, windowButton_}));
-    appForm->addRow(captionLabel("Ordres:", language, ordres_), ordres_);
-    appForm->addRow(QString(), programs_);
-    appForm->addRow(captionLabel("Tecles:", language, tecles_), tecles_);
-    appForm->addRow(QString(), macros_);
-    auto* appBox = new QGroupBox;
-    setCaption(appBox, QStringLiteral("Programació"), language);
-    appBox->setLayout(appForm);
+    auto* form = new QFormLayout;
+    addFormRow(form, "Aplicació:", txFinestra_, row({txFinestra_, windowButton_}), language);
+    addFormRow(form, "Ordres:", ordres_, row({ordres_}), language);
+    form->addRow(QString(), programs_);
+    addFormRow(form, "Tecles:", tecles_, row({tecles_}), language);
+    form->addRow(QString(), macros_);
+    auto* box = new QGroupBox;
+    setCaption(box, QStringLiteral("Programació"), language);
+    box->setLayout(form);
+    return box;
+}
 
+QGroupBox* PlantForm::speechGroup(Language language) {
     soundActive_->setObjectName(QStringLiteral("SoundActive"));
     setCaption(soundActive_, QStringLiteral("&So actiu"), language);
     svIdioma_->setObjectName(QStringLiteral("sv_idioma"));
@@ -192,20 +204,23 @@ void PlantForm::buildLayout(Language language, bool withPathDefault) {
     svLocutor_->setRange(0, 99);
     svVelocitat_->setObjectName(QStringLiteral("SV_velocitat"));
     svVelocitat_->setRange(0, 999);
-    auto* speechBox = new QGroupBox;
-    setCaption(speechBox, QStringLiteral("Síntesis de veu UPCTV"), language);
-    auto* speechRow = new QHBoxLayout(speechBox);
-    speechRow->addWidget(soundActive_);
-    speechRow->addSpacing(16);
+    auto* box = new QGroupBox;
+    setCaption(box, QStringLiteral("Síntesis de veu UPCTV"), language);
+    auto* layout = new QHBoxLayout(box);
+    layout->addWidget(soundActive_);
+    layout->addSpacing(16);
     for (auto [caption, widget] : {std::pair<const char*, QWidget*>{"Idioma:", svIdioma_},
                                    {"Veu", svLocutor_},
                                    {"Velocitat", svVelocitat_}}) {
-        speechRow->addWidget(captionLabel(caption, language, widget));
-        speechRow->addWidget(widget);
-        speechRow->addSpacing(8);
+        layout->addWidget(captionLabel(caption, language, widget));
+        layout->addWidget(widget);
+        layout->addSpacing(8);
     }
-    speechRow->addStretch(1);
+    layout->addStretch(1);
+    return box;
+}
 
+QHBoxLayout* PlantForm::buttonRow(Language language) {
     auto* accept = new QPushButton;
     accept->setObjectName(QStringLiteral("Acceptar"));
     setCaption(accept, QStringLiteral("Acceptar"), language);
@@ -219,19 +234,14 @@ void PlantForm::buildLayout(Language language, bool withPathDefault) {
     buttons->addStretch(1);
     buttons->addWidget(accept);
     buttons->addWidget(cancel);
+    return buttons;
+}
 
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(sheetBox);
-    layout->addWidget(appBox);
-    layout->addWidget(speechBox);
-    layout->addLayout(buttons);
-    fillPickers(language);
-    for (QFormLayout* form : {sheetForm, appForm})
-        for (int i = 0; i < form->rowCount(); ++i)
-            if (auto* label = form->itemAt(i, QFormLayout::LabelRole))
-                formLabels_.append(qobject_cast<QLabel*>(label->widget()));
-    formLabels_.removeAll(nullptr);
-    alignLabels();
+void PlantForm::addFormRow(QFormLayout* form, const char* caption, QWidget* buddy,
+                           QHBoxLayout* fields, Language language) {
+    QLabel* label = captionLabel(caption, language, buddy);
+    formLabels_.append(label);
+    form->addRow(label, fields);
 }
 
 // Both groups' fields start at the same column, in either language.

@@ -6,6 +6,9 @@
 #include <cstdint>
 
 class QComboBox;
+class QFormLayout;
+class QGroupBox;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QCheckBox;
@@ -69,6 +72,12 @@ public:
 
 private:
     void buildLayout(Language language, bool withPathDefault);
+    QGroupBox* sheetGroup(Language language, bool withPathDefault);
+    QGroupBox* programGroup(Language language);
+    QGroupBox* speechGroup(Language language);
+    QHBoxLayout* buttonRow(Language language);
+    void addFormRow(QFormLayout* form, const char* caption, QWidget* buddy, QHBoxLayout* fields,
+                    Language language);
     void alignLabels();
     void load(const Template& t, const QString* pathDefault);
     void fillPickers(Language language);
@@ -105,7 +114,7 @@ private:
     QToolButton* windowButton_;
     QMenu* windowMenu_;
     QLabel* preview_;
-    QList<QLabel*> formLabels_;
+    QList<QLabel*> formLabels_; // the form rows' captions, aligned as one column
 };
 
 } // namespace mervak
