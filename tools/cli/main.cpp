@@ -1,3 +1,4 @@
+#include "ActionCommand.h"
 #include "CliText.h"
 #include "Commands.h"
 #include "platform/HomeFolder.h"
@@ -8,6 +9,8 @@
 using namespace mervak;
 
 int main(int argc, char** argv) {
+    if (argc > 1 && qstrcmp(argv[1], "action") == 0)
+        return cli::runActionCommand(argc, argv);
     QCoreApplication app(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);

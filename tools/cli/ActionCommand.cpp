@@ -1,0 +1,160 @@
+#include "ActionCommand.h"
+
+#include "ActionOptions.h"
+#include "CliText.h"
+#include "action/ActionRunner.h"
+#include "action/dryrun/DryRunPlatform.h"
+#include "platform/NoAudio.h"
+#include "platform/NoRegistry.h"
+#include "platform/qt/QtClipboard.h"
+#include "platform/qt/QtProgramLauncher.h"
+#include "platform/qt/SystemClock.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Keyboard.h"
+#include "platform/x11/X11Pointer.h"
+#include "platform/x11/X11WindowSystem.h"
+
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QTextStream>
+#include <QTimer>
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+
+namespace mervak::cli {
+
+namespace {
+
+// After a paste the target asks this process for the clipboard's content; the
+// content goes when the process ends, so it waits this long before ending.
+constexpr int kPasteServeMs = 1500;
+// Ending clears the spare keycodes this process mapped. A client that has not yet
+// read its last keys would then read them with the cleared map and lose them, and
+// nothing tells when it has read them: a busy machine delays it, so the process
+// keeps the map this long first.
+constexpr int kKeymapKeepMs = 500;
+
+QTextStream& errors() {
+    static QTextStream stream(stderr);
+    return stream;
+}
+
+ActionState startState(const ActionOptions& options) {
+    ActionState state;
+    state.memoryRegister = options.memoryRegister;
+    state.WorkingFolder = options.folder;
+    return state;
+}
+
+void waitUntilIdle(ActionRunner& runner) {
+    if (!runner.isBusy())
+        return;
+    QEventLoop loop;
+    QObject::connect(&runner, &ActionRunner::busyChanged, &loop, [&loop](bool busy) {
+        if (!busy)
+            loop.quit();
+    });
+    loop.exec();
+}
+
+// Runs the ActionText to its end; returns how many problems it reported.
+int execute(const ActionPlatform& platform, ActionState& state, const ActionOptions& options,
+            const std::function<void(ActionRunner&)>& watch) {
+    const QString title = options.targetTitle;
+    ActionRunner runner(platform, state, [title] { return title; });
+    if (options.seed)
+        runner.seedRandom(*options.seed);
+    int problems = 0;
+    QObject::connect(&runner, &ActionRunner::problem, [&problems](const QString& message) {
+        errors() << message << '\n';
+        errors().flush();
+        ++problems;
+    });
+    watch(runner);
+    runner.SendActionText(options.text);
+    waitUntilIdle(runner);
+    return problems;
+}
+
+int dryRun(int argc, char** argv, const ActionOptions& options) {
+    QCoreApplication app(argc, argv);
+    DryRunPlatform platform(
+        [](const QByteArray& line) { std::fwrite(line.constData(), 1, line.size(), stdout); },
+        DryRunOptions{options.targetTitle, options.clipboard.value_or(QString()), std::nullopt});
+    ActionState state = startState(options);
+    state.TargetWindow = platform.target();
+    state.speechAvailable = true;
+    const int problems = execute(platform.platform(), state, options,
+                                 [&platform](ActionRunner& runner) { platform.watch(runner); });
+    platform.writeState(state);
+    std::fflush(stdout);
+    return problems > 0 ? kFailure : kSuccess;
+}
+
+WindowId targetWindow(X11WindowSystem& windows, const QString& title) {
+    if (title.isEmpty())
+        return windows.activeWindow();
+    return title == u"|" ? kNoWindow : windows.findByTitle(title);
+}
+
+int realRun(int argc, char** argv, const ActionOptions& options) {
+    X11Connection connection;
+    if (!connection.isOpen()) {
+        errors() << "No es pot obrir la pantalla X (DISPLAY=\"" << qEnvironmentVariable("DISPLAY")
+                 << "\"): sense pantalla, feu servir --dry-run.\n";
+        return kFailure;
+    }
+    // The keys go to X11, so the clipboard must be X11's too, whatever Qt would pick.
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    QGuiApplication app(argc, argv);
+    X11Keyboard keyboard(connection);
+    keyboard.setKeyDelayMs(options.keyDelayMs);
+    X11WindowSystem windows(connection);
+    X11Pointer pointer(connection);
+    QtClipboard clipboard;
+    QtProgramLauncher launcher;
+    SystemClock clock;
+    NoSound sound(QStringLiteral("mervak-cli no fa sonar cap so"));
+    NoSpeech speech;
+    NoRegistry registry;
+    if (options.clipboard)
+        clipboard.setText(*options.clipboard);
+    ActionState state = startState(options);
+    state.TargetWindow = targetWindow(windows, options.targetTitle);
+    bool pasted = false;
+    const int problems = execute(
+        {keyboard, windows, pointer, clipboard, launcher, sound, speech, clock, registry}, state,
+        options, [&pasted](ActionRunner& runner) {
+            QObject::connect(&runner, &ActionRunner::pasteStarted, [&pasted] { pasted = true; });
+        });
+    const int lingerMs =
+        std::max(pasted ? kPasteServeMs : 0, keyboard.keymapChanges() > 0 ? kKeymapKeepMs : 0);
+    if (lingerMs > 0) {
+        QEventLoop lingering;
+        QTimer::singleShot(lingerMs, &lingering, &QEventLoop::quit);
+        lingering.exec();
+    }
+    return problems > 0 ? kFailure : kSuccess;
+}
+
+} // namespace
+
+int runActionCommand(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 2; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    QString error;
+    const auto options = parseActionOptions(arguments, &error);
+    if (!options) {
+        errors() << error << "\n\n" << actionHelp();
+        return kUsage;
+    }
+    if (options->help) {
+        QTextStream(stdout) << actionHelp();
+        return kSuccess;
+    }
+    return options->dryRun ? dryRun(argc, argv, *options) : realRun(argc, argv, *options);
+}
+
+} // namespace mervak::cli
