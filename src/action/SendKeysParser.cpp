@@ -248,7 +248,9 @@ QString SendKeysParser::notation(const KeyStroke& stroke) {
     if (stroke.key != Key::Character)
         return text + u'{' + keyName(stroke.key) + u'}';
     const QString character = QString::fromUcs4(&stroke.character, 1);
-    if (character.size() == 1 && QStringLiteral("+^%~(){}").contains(character))
+    // Braced, these read back as the character itself rather than as notation
+    // or as the Enter and Tab keys that a bare line break or tab types.
+    if (character.size() == 1 && QStringLiteral("+^%~(){}\r\n\t").contains(character))
         return text + u'{' + character + u'}';
     return text + character;
 }

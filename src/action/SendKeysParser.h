@@ -45,7 +45,8 @@ public:
     static QString PlainKeys(const QString& keys);
 
     // One stroke written back in the notation ("a", "+a", "^{ENTER}", "{+}"),
-    // modifiers in the order Shift, Ctrl, Alt: for logs and dry runs.
+    // modifiers in the order Shift, Ctrl, Alt: for logs and dry runs. It reads
+    // back as the same stroke.
     static QString notation(const KeyStroke& stroke);
 };
 

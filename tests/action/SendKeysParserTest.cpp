@@ -2,7 +2,9 @@
 
 #include "support/FakeKeyboard.h"
 #include "support/QtPrinters.h"
+#include "support/TestFiles.h"
 
+#include <QDir>
 #include <gtest/gtest.h>
 
 namespace mervak {
@@ -140,12 +142,31 @@ TEST(SendKeysParser, NotationReadsBackAsTheSameStroke) {
         {Key::Enter, 0, {false, true, false}},
         {Key::F12, 0, {true, true, true}},
         {Key::Character, U'€', {false, false, true}},
+        {Key::Character, U'\r', {}},
+        {Key::Character, U'\n', {false, true, false}},
+        {Key::Character, U'\t', {}},
     };
     for (const KeyStroke& stroke : strokes) {
         const QString text = SendKeysParser::notation(stroke);
         const SendKeysResult back = SendKeysParser::parse(text);
         ASSERT_EQ(back.strokes.size(), 1) << text;
         EXPECT_EQ(back.strokes[0], stroke) << text;
+    }
+}
+
+// Texts the fuzzer found; every stroke they give must read back from its notation.
+TEST(SendKeysParser, FuzzFindsReadBack) {
+    const QDir finds(test::dataPath("action/fuzz"));
+    const QStringList names = finds.entryList(QDir::Files);
+    EXPECT_FALSE(names.isEmpty());
+    for (const QString& name : names) {
+        const QString text = QString::fromUtf8(test::readAll(finds.filePath(name)));
+        const SendKeysResult parsed = SendKeysParser::parse(text);
+        for (const KeyStroke& stroke : parsed.strokes) {
+            const QString notation = SendKeysParser::notation(stroke);
+            EXPECT_EQ(SendKeysParser::parse(notation).strokes, KeyStrokes{stroke})
+                << name << ": " << notation;
+        }
     }
 }
 
