@@ -254,7 +254,7 @@ bool X11Keyboard::mapSpareKeys() {
             missing.append(symbol);
         }
     }
-    const Clock::time_point safe = lastKeyAt_ + std::chrono::milliseconds(kRemapSettleMs);
+    const Clock::time_point safe = lastKeyAt_ + std::chrono::milliseconds(kEvictSettleMs);
     const auto plainOnly = std::count_if(missing.begin(), missing.end(), [](KeySymbol symbol) {
         return characterOfKeySymbol(symbol) == 0;
     });

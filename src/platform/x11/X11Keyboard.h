@@ -16,18 +16,21 @@ class X11Connection;
 // Types keys with XTest into whichever window has the input focus.
 //
 // A character on the keyboard map is typed on its own key with the modifiers of its
-// level (Shift, AltGr). A character missing from the map gets a spare keycode: all
-// the missing characters of a run are mapped with one keymap change, stay mapped for
-// later runs, and the least recently used make way when spare keycodes run out. The
-// keys on a changed keycode are sent kRemapSettleMs after the change, and a keycode
-// is taken from an older character only kRemapSettleMs after the last key was sent,
-// so clients read every key with the map it was typed with.
+// level (Shift, AltGr). A character missing from the map gets a place on a spare
+// keycode (two per keycode: plain and Shift): all the missing characters of a run
+// are mapped with one keymap change, stay mapped for later runs, and the least
+// recently used make way when the places run out. Keys on changed keycodes are sent
+// kRemapSettleMs after the change. A place is taken from an older character only
+// kEvictSettleMs after the last key was sent: clients decode a key with the map of
+// the moment they read it, so they must have read the older keys first. Nothing in
+// X tells when they have; a client that lags further behind can misread them.
 //
 // Strokes that need no wait are sent before type() returns; the rest follow from the
 // event loop, in order. Call flush() before any output that must come after them.
 class X11Keyboard : public KeyboardOutput {
 public:
     static constexpr int kRemapSettleMs = 20;
+    static constexpr int kEvictSettleMs = 100;
     // How long flush() waits after the server has taken every key, so the focused
     // client has read them: measured with xterm, see tools/xbench.
     static constexpr int kFlushSettleMs = 5;

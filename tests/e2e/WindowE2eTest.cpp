@@ -1,0 +1,142 @@
+#include "X11TestFixture.h"
+#include "support/TestFiles.h"
+
+namespace mervak::test {
+namespace {
+
+bool listed(const QList<WindowInfo>& windows, WindowId id, const QString& title) {
+    return std::any_of(windows.begin(), windows.end(), [&](const WindowInfo& window) {
+        return window.id == id && window.title == title;
+    });
+}
+
+// Exact titles win over prefixes; case never matters; the topmost of two alike wins.
+TEST_F(X11TestFixture, FindsWindowsByExactTitleElseByPrefix) {
+    Terminal longer;
+    Terminal shorter;
+    ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Mervak target one"), &longer));
+    ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Mervak target"), &shorter));
+    const QList<WindowInfo> windows = windows_->topLevelWindows();
+    EXPECT_TRUE(listed(windows, longer.window, QStringLiteral("Mervak target one")));
+    EXPECT_TRUE(listed(windows, shorter.window, QStringLiteral("Mervak target")));
+    // The manager restacks a moment after it hands over the focus.
+    const auto topmostOfTwo = [this] {
+        return windows_->findByTitle(QStringLiteral("Mervak tar"));
+    };
+    ASSERT_TRUE(windows_->activate(longer.window));
+    ASSERT_TRUE(waitFor([&] { return topmostOfTwo() == longer.window; }));
+
+    struct Case {
+        const char* title;
+        WindowId expected;
+    };
+    const Case cases[] = {
+        {"Mervak target", shorter.window},
+        {"MERVAK TARGET", shorter.window},
+        {"mervak target one", longer.window},
+        {"MERVAK TAR", longer.window},
+        {"Mervak target one two", kNoWindow},
+        {"target", kNoWindow},
+        {"", kNoWindow},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(windows_->findByTitle(QString::fromUtf8(c.title)), c.expected) << c.title;
+    }
+    ASSERT_TRUE(windows_->activate(shorter.window));
+    EXPECT_TRUE(waitFor([&] { return topmostOfTwo() == shorter.window; }))
+        << "the window raised last is found first";
+}
+
+// Activation moves the keyboard focus: each terminal gets only what was typed while
+// it was active.
+TEST_F(X11TestFixture, ActivationSwitchesTheKeyboardFocus) {
+    Terminal first;
+    Terminal second;
+    ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Mervak first"), &first));
+    ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Mervak second"), &second));
+    const QString texts[] = {QStringLiteral("one "), QStringLiteral("two "),
+                             QStringLiteral("three "), QStringLiteral("four")};
+    for (int i = 0; i < 4; ++i) {
+        const Terminal& target = i % 2 == 0 ? first : second;
+        ASSERT_NO_FATAL_FAILURE(typeInto(target, charactersOf(texts[i])));
+        EXPECT_EQ(windows_->activeWindow(), target.window) << i;
+    }
+    EXPECT_EQ(waitForContent(first.file, 10), QByteArray("one three "));
+    EXPECT_EQ(waitForContent(second.file, 8), QByteArray("two four"));
+}
+
+// The frame lies on the screen and holds the window's own area.
+TEST_F(X11TestFixture, ReportsTheFrameRectangleAndScreenSize) {
+    Terminal terminal;
+    ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Mervak rect"), &terminal));
+    EXPECT_EQ(windows_->screenSize(), QSize(1280, 1024));
+    const std::optional<WindowRect> rect = windows_->rect(terminal.window);
+    ASSERT_TRUE(rect.has_value());
+    EXPECT_GE(rect->left, 0);
+    EXPECT_GE(rect->top, 0);
+    EXPECT_GT(rect->right - rect->left, 100);
+    EXPECT_GT(rect->bottom - rect->top, 50);
+    EXPECT_LE(rect->right, 1280);
+    EXPECT_LE(rect->bottom, 1024);
+}
+
+// A window id that went stale (or never was) answers as missing; the process lives on
+// and keeps typing into the windows that remain.
+TEST_F(X11TestFixture, StaleWindowIdsAnswerAsMissingWithoutKillingTheProcess) {
+    Terminal doomed;
+    Terminal survivor;
+    ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Mervak doomed"), &doomed));
+    ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Mervak survivor"), &survivor));
+    doomed.process->kill();
+    ASSERT_TRUE(waitFor(
+        [&] { return windows_->findByTitle(QStringLiteral("Mervak doomed")) == kNoWindow; }));
+    const WindowId stale[] = {doomed.window, 0x7ffffffe, 0xffffffffffffULL};
+    for (WindowId id : stale) {
+        EXPECT_FALSE(windows_->activate(id)) << id;
+        EXPECT_EQ(windows_->title(id), QString()) << id;
+        EXPECT_FALSE(windows_->rect(id).has_value()) << id;
+    }
+    EXPECT_TRUE(connection_->isOpen());
+    ASSERT_NO_FATAL_FAILURE(typeInto(survivor, charactersOf(QStringLiteral("alive"))));
+    EXPECT_EQ(waitForContent(survivor.file, 5), QByteArray("alive"));
+}
+
+// Without a window manager the windows are found by walking the tree, and the focus
+// is set directly.
+TEST_F(X11BareServerTest, FindsAndActivatesWindowsWithoutAWindowManager) {
+    EXPECT_FALSE(windows_->windowManagerRuns());
+    Terminal first;
+    Terminal second;
+    ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Bare first"), &first));
+    ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Bare second"), &second));
+    const QList<WindowInfo> windows = windows_->topLevelWindows();
+    EXPECT_TRUE(listed(windows, first.window, QStringLiteral("Bare first")));
+    EXPECT_TRUE(listed(windows, second.window, QStringLiteral("Bare second")));
+    ASSERT_NO_FATAL_FAILURE(typeInto(first, charactersOf(QStringLiteral("a"))));
+    EXPECT_EQ(windows_->activeWindow(), first.window);
+    ASSERT_NO_FATAL_FAILURE(typeInto(second, charactersOf(QStringLiteral("b"))));
+    EXPECT_EQ(windows_->activeWindow(), second.window);
+    ASSERT_NO_FATAL_FAILURE(typeInto(first, charactersOf(QStringLiteral("c"))));
+    EXPECT_EQ(waitForContent(first.file, 2), QByteArray("ac"));
+    EXPECT_EQ(waitForContent(second.file, 1), QByteArray("b"));
+}
+
+// A server that dies is reported in words; nothing crashes and waits still end.
+TEST_F(X11TestFixture, ALostDisplayIsReportedNotFatal) {
+    session_->killServer();
+    QString error;
+    EXPECT_FALSE(keyboard_->type(charactersOf(QStringLiteral("x")), &error));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_FALSE(connection_->isOpen());
+    EXPECT_EQ(windows_->findByTitle(QStringLiteral("anything")), kNoWindow);
+    EXPECT_EQ(windows_->activeWindow(), kNoWindow);
+    EXPECT_EQ(windows_->screenSize(), QSize());
+    EXPECT_EQ(pointer_->position(), QPoint());
+    pointer_->send(PointerFlag::Move | PointerFlag::Absolute, 100, 100);
+    bool flushed = false;
+    keyboard_->flush([&flushed] { flushed = true; });
+    EXPECT_TRUE(waitFor([&flushed] { return flushed; }));
+}
+
+} // namespace
+} // namespace mervak::test
