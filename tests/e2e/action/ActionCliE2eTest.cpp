@@ -143,6 +143,10 @@ TEST_F(ActionCliE2e, TypesChordsAndNamedKeys) {
          "B\x1Bx\tCD"},
         {"enter in both spellings", "a{ENTER}b~{ENTER 2}", {}, "a\nb\n\n\n"},
         {"backspace reaches the program", "ab{BS}", {}, "ab\x7F"},
+        {"keys with a pause between them",
+         QString::fromUtf8("pàs{ENTER}"),
+         {"--key-delay", "5"},
+         "p\xC3\xA0s\n"},
     };
     for (const auto& c : cases) {
         openTerminal(QString("keys-") + QString::number(&c - cases));
