@@ -48,8 +48,7 @@ TEST_F(X11TestFixture, TypesAccentedAndNonLatinTextWithFewKeymapChanges) {
     }
     ASSERT_NO_FATAL_FAILURE(typeInto(terminal, charactersOf(repeated)));
     const int changesAfterFirstRun = keyboard_->keymapChanges();
-    EXPECT_GE(changesAfterFirstRun, 1);
-    EXPECT_LE(changesAfterFirstRun, 3) << "one change per run, split only around used keycodes";
+    EXPECT_EQ(changesAfterFirstRun, 1) << "all the missing characters in one change";
     ASSERT_NO_FATAL_FAILURE(typeInto(terminal, charactersOf(text)));
     EXPECT_EQ(keyboard_->keymapChanges(), changesAfterFirstRun) << "the second run reuses them";
     const QByteArray expected = (repeated + text).toUtf8();
@@ -71,7 +70,9 @@ TEST_F(X11TestFixture, EvictsLeastRecentlyUsedWhenSpareKeycodesRunOut) {
     ASSERT_NO_FATAL_FAILURE(typeInto(terminal, charactersOf(again)));
     const QByteArray expected = (text + again).toUtf8();
     EXPECT_EQ(waitForContent(terminal.file, expected.size()), expected);
-    EXPECT_LT(keyboard_->keymapChanges(), 100) << "changes come in batches";
+    // Xvfb's keyboard leaves 19 keycodes free, 38 places: 402 characters need 11
+    // changes, and the second run one more.
+    EXPECT_LE(keyboard_->keymapChanges(), 13) << "changes come in batches";
 }
 
 // Named keys and modifiers, as the terminal encodes them.
