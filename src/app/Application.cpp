@@ -2,15 +2,12 @@
 
 #include "action/SendKeysParser.h"
 #include "devices/QtSerialLink.h"
-#include "editor/AreaSelection.h"
+#include "editor/widgets/Captions.h"
+#include "editor/widgets/Dialogs.h"
+#include "platform/Checked16.h"
 #include "platform/Language.h"
-#include "platform/PathResolver.h"
-#include "template/AreaHitTest.h"
-#include "template/TemplateFile.h"
 
 #include <QApplication>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QMessageBox>
 
 namespace mervak {
@@ -57,7 +54,22 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
     connect(&timer1_, &QTimer::timeout, dispatcher_.get(), &PressDispatcher::tick);
     connect(&timer2_, &QTimer::timeout, this,
             [this] { actionState_.TargetWindow = targetTracker_.tick(actionState_.TargetWindow); });
+    const auto language = [this] { return settings_.language; };
+    const auto status = [this](const QString& text) { setStatus(text); };
+    editor_ = std::make_unique<EditorController>(
+        EditorController::Context{
+            template_, homeFolder_, language, [this] { return actionState_.WorkingFolder; },
+            [this] { return settings_.model; }, [] { QApplication::beep(); },
+            [this](const QString& text) { runner_->SendActionText(text); },
+            [](const QString& text) { return SendKeysParser::PlainKeys(text); }, status},
+        EditorController::Views{window_, *window_.sheetPane(), *window_.panel(),
+                                *window_.pageFrame()});
+    document_ = std::make_unique<DocumentController>(
+        DocumentController::Context{template_, actionState_.WorkingFolder, homeFolder_, language,
+                                    [this] { editor_->refresh(); }, status},
+        window_);
     wireWindow();
+    wireEditor();
     wireRunner();
 }
 
@@ -73,8 +85,8 @@ bool Application::start() {
     }
     readConfiguration();
     template_.NewTemplate();
-    window_.setWindowTitle(windowTitle(template_));
-    refreshSheet();
+    document_->refreshTitle();
+    editor_->refresh();
     window_.show();
     startDevice();
     openFromCommandLine();
@@ -130,10 +142,7 @@ void Application::failDeviceStart() {
     dispatcher_->setDevicePresent(false);
     const QString text = Message(settings_.language, 113);
     window_.setTabletState(false, text);
-    auto* box = new QMessageBox(QMessageBox::NoIcon, QStringLiteral("MERVAK"), text,
-                                QMessageBox::Ok, &window_);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    showNotice(&window_, settings_.language, text);
     emit deviceStarted(false);
 }
 
@@ -146,7 +155,10 @@ void Application::openFromCommandLine() {
     if (slash >= 0)
         actionState_.WorkingFolder = path.left(slash);
     openedFromCommandLine_ = true;
-    openTemplate(path.toUpper());
+    const QString folder = actionState_.WorkingFolder;
+    document_->open(path.toUpper());
+    // A Template named on the command line keeps the folder it was named from.
+    actionState_.WorkingFolder = folder;
     activateTarget();
 }
 
@@ -175,29 +187,16 @@ void Application::wireWindow() {
     connect(&window_, &MainWindow::tabletButtonClicked, this,
             [this] { SetTabletActive(!tabletActive_); });
     connect(&window_, &MainWindow::languageChosen, this, &Application::chooseLanguage);
-    connect(&window_, &MainWindow::soundToggled, this,
-            [this](bool on) { template_.SoundActive = on ? -1 : 0; });
+    connect(&window_, &MainWindow::soundToggled, this, [this](bool on) {
+        template_.SoundActive = on ? -1 : 0;
+        template_.Modified = true;
+    });
     connect(&window_, &MainWindow::virtualTabletToggled, this, &Application::showVirtualTablet);
     connect(&window_, &MainWindow::activateTargetRequested, this, &Application::activateTarget);
-    connect(&window_, &MainWindow::newRequested, this, &Application::newTemplate);
-    connect(&window_, &MainWindow::openRequested, this, &Application::openWithDialog);
-    connect(&window_, &MainWindow::saveRequested, this, [this] { saveWithDialog(false); });
-    connect(&window_, &MainWindow::saveAsRequested, this, [this] { saveWithDialog(true); });
-    connect(&window_, &MainWindow::quitRequested, this, &Application::closeProgram);
-    connect(&window_, &MainWindow::previousPageRequested, this,
-            [this] { showPage(template_.CurrentPage - 1); });
-    connect(&window_, &MainWindow::nextPageRequested, this,
-            [this] { showPage(template_.CurrentPage + 1); });
+    connect(&window_, &MainWindow::quitRequested, this, [this] { quit(true); });
     connect(&window_, &MainWindow::aboutRequested, this, [this] {
         QMessageBox::about(&window_, Message(settings_.language, 7),
                            Message(settings_.language, 6));
-    });
-    connect(window_.sheet(), &SheetView::pressed, this, [this](QPointF point) {
-        const int16_t x = roundToInt16(point.x());
-        const int16_t y = roundToInt16(point.y());
-        dispatcher_->DispatchPress(x, y);
-        pickArea(template_, FindArea(template_, x, y).index);
-        refreshSheet();
     });
     connect(&virtualTablet_, &VirtualTablet::pressed, dispatcher_.get(),
             &PressDispatcher::setVirtualPress);
@@ -222,18 +221,35 @@ void Application::wireWindow() {
     connect(&easy_, &EasyTablet::beepRequested, this, [] { QApplication::beep(); });
 }
 
+void Application::wireEditor() {
+    EditorController& editor = *editor_;
+    editor.bindActions(window_.editorActions());
+    connect(&editor, &EditorController::templateChanged, this, &Application::refreshVirtualTablet);
+    connect(&editor, &EditorController::sheetPressed, this, [this](QPointF point) {
+        dispatcher_->DispatchPress(roundToInt16(point.x()), roundToInt16(point.y()));
+    });
+    connect(dispatcher_.get(), &PressDispatcher::drawWithDevice, &editor.areas(),
+            &AreaEditor::drawWithDevice);
+    connect(window_.editorActions().draw, &QAction::toggled, dispatcher_.get(),
+            &PressDispatcher::setDrawWithDevice);
+}
+
 void Application::wireRunner() {
     connect(runner_.get(), &ActionRunner::problem, this, &Application::setStatus);
     connect(runner_.get(), &ActionRunner::pendingPageSet, this, [this](int page) {
         actionState_.pendingPage.reset();
-        showPage(page);
+        editor_->areas().showPage(page);
     });
-    connect(runner_.get(), &ActionRunner::openTemplateRequested, this, &Application::openTemplate);
-    connect(runner_.get(), &ActionRunner::closeRequested, this, &Application::closeProgram);
+    connect(runner_.get(), &ActionRunner::openTemplateRequested, document_.get(),
+            &DocumentController::openFile);
+    connect(runner_.get(), &ActionRunner::closeRequested, this, [this] { quit(false); });
 }
 
 void Application::translate() {
     window_.translate(settings_.language);
+    translateAllWindows(settings_.language);
+    editor_->retranslate();
+    document_->refreshTitle();
     SetTabletActive(tabletActive_);
 }
 
@@ -246,77 +262,15 @@ void Application::chooseLanguage(Language language) {
     translate();
 }
 
-void Application::refreshSheet() {
-    QList<SheetArea> areas;
-    for (const int16_t index : template_.areasOfPage(template_.CurrentPage)) {
-        const Area& area = template_.area(index);
-        areas.append({area.X0, area.Y0, area.X1, area.Y1,
-                      SendKeysParser::PlainKeys(area.ActionText), index == template_.SelectedArea});
-    }
-    const QString folder = QFileInfo(template_.TemplateFileName).absolutePath();
-    const QImage picture = template_.FitxGraf.isEmpty()
-                               ? QImage()
-                               : QImage(resolveStoredPath(template_.FitxGraf, folder));
-    for (SheetView* view : {window_.sheet(), virtualTablet_.sheet()}) {
-        view->setPicture(picture);
-        view->setAreas(areas);
-    }
-    window_.setPageCounter(counterTexts(template_).MsgPagina);
+// The virtual tablet shows the pupil's sheet: the Areas without the editor's marks.
+void Application::refreshVirtualTablet() {
+    QList<SheetArea> areas = editor_->sheetAreas();
+    for (SheetArea& area : areas)
+        area.selected = false;
+    SheetView* sheet = virtualTablet_.sheet();
+    sheet->setPicture(editor_->sheetPicture());
+    sheet->setAreas(areas);
     window_.setSoundChecked(template_.SoundActive != 0);
-}
-
-void Application::showPage(int page) {
-    if (page < 1 || page > template_.PageCount || page == template_.CurrentPage)
-        return;
-    template_.CurrentPage = static_cast<int16_t>(page);
-    template_.refreshPageAreaCount();
-    SelectArea(template_, 0);
-    refreshSheet();
-}
-
-void Application::openTemplate(const QString& path) {
-    const OpenOutcome outcome = mervak::openTemplate(template_, path, actionState_.WorkingFolder);
-    if (outcome.error)
-        showMessage(outcome.error->text(settings_.language), true);
-    else if (outcome.warning)
-        showMessage(outcome.warning->text(settings_.language));
-    window_.setWindowTitle(windowTitle(template_));
-    refreshSheet();
-}
-
-void Application::openWithDialog() {
-    const QString path = QFileDialog::getOpenFileName(
-        &window_, QStringLiteral("Carregar el fitxer de plantilla"), actionState_.WorkingFolder,
-        QStringLiteral("Tauleta Windows (*.mvw *.MVW);;Tauleta MS-DOS (*.mvd *.MVD)"));
-    if (!path.isEmpty())
-        openTemplate(path);
-}
-
-void Application::saveWithDialog(bool saveAs) {
-    QFileDialog dialog(&window_, QStringLiteral("Enregistrar el fitxer de plantilla"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(saveAs ? QStringLiteral("Plantilles de tauleta Windows (*.mvw);;"
-                                                 "Plantilles de tauleta MS-DOS (*.mvd)")
-                                : QStringLiteral("Teclat pantalla Windows (*.mvw)"));
-    dialog.setDefaultSuffix(saveAs ? QStringLiteral("MVW") : QStringLiteral("mvw"));
-    if (!template_.isUntitled())
-        dialog.selectFile(template_.TemplateFileName);
-    else
-        dialog.setDirectory(actionState_.WorkingFolder);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return;
-    const QString path = dialog.selectedFiles().first();
-    const SaveOutcome outcome =
-        saveAs ? saveTemplateAs(template_, path) : saveTemplate(template_, path);
-    if (outcome.error)
-        showMessage(outcome.error->text(settings_.language), true);
-    window_.setWindowTitle(windowTitle(template_));
-}
-
-void Application::newTemplate() {
-    template_.NewTemplate();
-    window_.setWindowTitle(windowTitle(template_));
-    refreshSheet();
 }
 
 void Application::activateTarget() {
@@ -352,15 +306,14 @@ void Application::showVirtualTablet(bool shown) {
         virtualTablet_.hide();
 }
 
-void Application::showMessage(const QString& text, bool critical) {
-    auto* box = new QMessageBox(critical ? QMessageBox::Critical : QMessageBox::Warning,
-                                QStringLiteral("MERVAK"), text, QMessageBox::Ok, &window_);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
-}
-
 void Application::setStatus(const QString& text) {
     window_.setStatusCaption(text);
+}
+
+// Quitting asks about unsaved changes first; a TANCAR command cannot be taken back.
+void Application::quit(bool canCancel) {
+    if (document_->mayDiscardChanges(canCancel))
+        closeProgram();
 }
 
 // The closing routine: the device stops, then the program ends.

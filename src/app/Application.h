@@ -2,12 +2,14 @@
 
 #include "action/ActionRunner.h"
 #include "action/ActionState.h"
+#include "app/DocumentController.h"
 #include "app/EasyDeviceSource.h"
 #include "app/MainWindow.h"
 #include "app/PressDispatcher.h"
 #include "app/TargetTracker.h"
 #include "app/VirtualTablet.h"
 #include "devices/EasyTablet.h"
+#include "editor/widgets/EditorController.h"
 #include "platform/NoAudio.h"
 #include "platform/NoRegistry.h"
 #include "platform/Settings.h"
@@ -28,7 +30,8 @@
 namespace mervak {
 
 // The running program: owns the program-wide state, the platform backends, the
-// device, the timers and the windows, and wires them together.
+// device, the timers and the windows, and wires them together. The editor and
+// the file commands are controllers of their own.
 class Application : public QObject {
     Q_OBJECT
 public:
@@ -40,6 +43,8 @@ public:
     bool start();
 
     MainWindow& mainWindow() { return window_; }
+    EditorController& editor() { return *editor_; }
+    DocumentController& document() { return *document_; }
 
 signals:
     // The device start ended; for the demo and the tests.
@@ -52,24 +57,20 @@ private:
     void failDeviceStart();
     void openFromCommandLine();
     void wireWindow();
+    void wireEditor();
     void wireRunner();
 
     void SetTabletActive(bool active);
     void updateTimer1();
     void translate();
     void chooseLanguage(Language language);
-    void refreshSheet();
-    void showPage(int page);
-    void openTemplate(const QString& path);
-    void openWithDialog();
-    void saveWithDialog(bool saveAs);
-    void newTemplate();
+    void refreshVirtualTablet();
     void activateTarget();
     QString targetTitle() const;
     bool isOwnWindow(WindowId window) const;
     void showVirtualTablet(bool shown);
-    void showMessage(const QString& text, bool critical = false);
     void setStatus(const QString& text);
+    void quit(bool canCancel);
     void closeProgram();
 
     SingleInstance instance_;
@@ -102,6 +103,8 @@ private:
     TargetTracker targetTracker_;
     MainWindow window_;
     VirtualTablet virtualTablet_;
+    std::unique_ptr<EditorController> editor_;
+    std::unique_ptr<DocumentController> document_;
     QTimer timer1_;
     QTimer timer2_;
 };

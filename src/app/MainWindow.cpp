@@ -1,66 +1,160 @@
 #include "app/MainWindow.h"
 
+#include "editor/widgets/Captions.h"
+
 #include <QActionGroup>
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QStatusBar>
+#include <QToolBar>
 #include <QVBoxLayout>
 
 namespace mervak {
 
-MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), sheet_(new SheetView) {
-    auto* central = new QWidget;
-    auto* layout = new QVBoxLayout(central);
-    layout->setContentsMargins(4, 4, 4, 4);
-    layout->addWidget(sheet_, 1);
-    setCentralWidget(central);
-    buildMenus();
-    buildStatusArea();
-    resize(640, 640);
+namespace {
+
+// A Template file the window takes when dropped on it.
+QString droppedTemplate(const QMimeData* data) {
+    if (!data->hasUrls())
+        return {};
+    for (const QUrl& url : data->urls()) {
+        const QString path = url.toLocalFile();
+        const QString suffix = QFileInfo(path).suffix().toUpper();
+        if (!path.isEmpty() && (suffix == QLatin1String("MVW") || suffix == QLatin1String("MVD")))
+            return path;
+    }
+    return {};
 }
 
-QAction* MainWindow::addCaptioned(QMenu* menu, const QString& catalan) {
-    QAction* action = menu->addAction(catalan);
-    captioned_.append({action, catalan});
+} // namespace
+
+MainWindow::MainWindow(QWidget* parent)
+    : QMainWindow(parent), pane_(new SheetPane), panel_(new AreaPanel(Language::Catalan)),
+      frame_(new PageFrame) {
+    auto* central = new QWidget;
+    auto* layout = new QHBoxLayout(central);
+    layout->setContentsMargins(6, 6, 6, 6);
+    layout->setSpacing(8);
+    layout->addWidget(pane_, 1);
+    layout->addWidget(panel_);
+    panel_->addBelowPages(frame_);
+    setCentralWidget(central);
+    buildMenus();
+    buildToolBar();
+    buildStatusArea();
+    setAcceptDrops(true);
+    resize(940, 720);
+}
+
+QAction* MainWindow::addCaptioned(QMenu* menu, const QString& catalan,
+                                  const QKeySequence& shortcut) {
+    QAction* action = menu->addAction(QString());
+    setCaption(action, catalan);
+    if (!shortcut.isEmpty())
+        action->setShortcut(shortcut);
     return action;
 }
 
 QMenu* MainWindow::addCaptionedMenu(const QString& catalan) {
-    QMenu* menu = menuBar()->addMenu(catalan);
-    captioned_.append({menu->menuAction(), catalan});
+    QMenu* menu = menuBar()->addMenu(QString());
+    setCaption(menu, catalan);
     return menu;
 }
 
 void MainWindow::buildMenus() {
-    QMenu* files = addCaptionedMenu(QStringLiteral("&Fitxers"));
-    connect(addCaptioned(files, QStringLiteral("&Nou")), &QAction::triggered, this,
-            &MainWindow::newRequested);
-    connect(addCaptioned(files, QStringLiteral("&Obrir ...")), &QAction::triggered, this,
-            &MainWindow::openRequested);
-    connect(addCaptioned(files, QStringLiteral("&Desar")), &QAction::triggered, this,
-            &MainWindow::saveRequested);
-    connect(addCaptioned(files, QStringLiteral("&Desar ...")), &QAction::triggered, this,
-            &MainWindow::saveAsRequested);
-    files->addSeparator();
-    connect(addCaptioned(files, QStringLiteral("&Sortir")), &QAction::triggered, this,
-            &MainWindow::close);
-
-    QMenu* options = addCaptionedMenu(QStringLiteral("&Opcions"));
-    sound_ = addCaptioned(options, QStringLiteral("&So actiu"));
+    buildFilesMenu();
+    buildAreaMenu();
+    buildPageMenu();
+    template_ = addCaptionedMenu(QStringLiteral("&Plantilla"));
+    sound_ = addCaptioned(template_, QStringLiteral("&So actiu"));
     sound_->setCheckable(true);
     connect(sound_, &QAction::toggled, this, &MainWindow::soundToggled);
-    virtualTablet_ = addCaptioned(options, QStringLiteral("Teclat &auxiliar"));
+    buildViewMenu();
+    buildOptionsMenu();
+    QMenu* help = addCaptionedMenu(QStringLiteral("&Ajuda"));
+    connect(addCaptioned(help, QStringLiteral("&Quant al Mervak...")), &QAction::triggered, this,
+            &MainWindow::aboutRequested);
+}
+
+void MainWindow::buildFilesMenu() {
+    files_ = addCaptionedMenu(QStringLiteral("&Fitxers"));
+    connect(addCaptioned(files_, QStringLiteral("&Nou"), QKeySequence::New), &QAction::triggered,
+            this, &MainWindow::newRequested);
+    connect(addCaptioned(files_, QStringLiteral("&Obrir ..."), QKeySequence::Open),
+            &QAction::triggered, this, &MainWindow::openRequested);
+    recent_ = files_->addMenu(QString());
+    setCaption(recent_, QStringLiteral("Fitxers &recents"));
+    recent_->setEnabled(false);
+    connect(addCaptioned(files_, QStringLiteral("&Desar"), QKeySequence::Save), &QAction::triggered,
+            this, &MainWindow::saveRequested);
+    connect(addCaptioned(files_, QStringLiteral("&Desar ..."), QKeySequence::SaveAs),
+            &QAction::triggered, this, &MainWindow::saveAsRequested);
+    files_->addSeparator();
+    QAction* quit = addCaptioned(files_, QStringLiteral("&Sortir"), QKeySequence::Quit);
+    quit->setObjectName(QStringLiteral("Sortir"));
+    connect(quit, &QAction::triggered, this, &MainWindow::close);
+}
+
+void MainWindow::buildAreaMenu() {
+    QMenu* area = addCaptionedMenu(QStringLiteral("&Àrea"));
+    editor_.undo = addCaptioned(area, QStringLiteral("&Desfer"), QKeySequence::Undo);
+    area->addSeparator();
+    editor_.draw =
+        addCaptioned(area, QStringLiteral("&Dibuixar"), QKeySequence(Qt::CTRL | Qt::Key_D));
+    editor_.draw->setCheckable(true);
+    editor_.addArea = addCaptioned(area, QStringLiteral("&Afegir"), QKeySequence(Qt::Key_Insert));
+    editor_.deleteArea = addCaptioned(area, QStringLiteral("&Eliminar"), QKeySequence::Delete);
+    editor_.maximumArea = addCaptioned(area, QStringLiteral("Àrea &Màxima"));
+    editor_.subdivide = addCaptioned(area, QStringLiteral("&Subdividir"));
+    area->addSeparator();
+    editor_.previousArea =
+        addCaptioned(area, QStringLiteral("Àrea anterior"), QKeySequence(Qt::CTRL | Qt::Key_Left));
+    editor_.nextArea =
+        addCaptioned(area, QStringLiteral("Àrea següent"), QKeySequence(Qt::CTRL | Qt::Key_Right));
+}
+
+void MainWindow::buildPageMenu() {
+    QMenu* page = addCaptionedMenu(QStringLiteral("&Pàgina"));
+    editor_.previousPage =
+        addCaptioned(page, QStringLiteral("Pàgina anterior"), QKeySequence(Qt::Key_PageUp));
+    editor_.nextPage =
+        addCaptioned(page, QStringLiteral("Pàgina següent"), QKeySequence(Qt::Key_PageDown));
+    page->addSeparator();
+    editor_.addPage = addCaptioned(page, QStringLiteral("&Afegir"));
+    editor_.insertPageBefore = addCaptioned(page, QStringLiteral("Inserir abans"));
+    editor_.insertPageAfter = addCaptioned(page, QStringLiteral("Inserir després"));
+    editor_.deletePage = addCaptioned(page, QStringLiteral("&Eliminar"));
+    page->addSeparator();
+    QMenu* models = page->addMenu(QString());
+    setCaption(models, QStringLiteral("Models de pagina"));
+    editor_.savePageModel = addCaptioned(models, QStringLiteral("&Desar"));
+    editor_.pastePageModel = addCaptioned(models, QStringLiteral("En&ganxar"));
+}
+
+void MainWindow::buildViewMenu() {
+    QMenu* view = addCaptionedMenu(QStringLiteral("&Veure"));
+    editor_.zoomToFit = addCaptioned(view, QStringLiteral("Ajustar a la finestra"),
+                                     QKeySequence(Qt::CTRL | Qt::Key_0));
+    editor_.zoomIn = addCaptioned(view, QStringLiteral("Ampliar"), QKeySequence::ZoomIn);
+    editor_.zoomOut = addCaptioned(view, QStringLiteral("Reduir"), QKeySequence::ZoomOut);
+}
+
+void MainWindow::buildOptionsMenu() {
+    QMenu* options = addCaptionedMenu(QStringLiteral("&Opcions"));
+    virtualTablet_ =
+        addCaptioned(options, QStringLiteral("Teclat &auxiliar"), QKeySequence(Qt::Key_F12));
     virtualTablet_->setCheckable(true);
-    virtualTablet_->setShortcut(QKeySequence(Qt::Key_F12));
     connect(virtualTablet_, &QAction::toggled, this, &MainWindow::virtualTabletToggled);
     connect(addCaptioned(options, QStringLiteral("&Activar aplicació")), &QAction::triggered, this,
             &MainWindow::activateTargetRequested);
     options->addSeparator();
     // The language names read the same in either language.
     auto* languages = new QActionGroup(this);
-    catalan_ = options->addAction(QStringLiteral("Català"));
-    spanish_ = options->addAction(QStringLiteral("Español"));
+    catalan_ = addCaptioned(options, QStringLiteral("Català"));
+    spanish_ = addCaptioned(options, QStringLiteral("Español"));
     for (QAction* action : {catalan_, spanish_}) {
         action->setCheckable(true);
         languages->addAction(action);
@@ -69,10 +163,21 @@ void MainWindow::buildMenus() {
             [this] { emit languageChosen(Language::Catalan); });
     connect(spanish_, &QAction::triggered, this,
             [this] { emit languageChosen(Language::Spanish); });
+}
 
-    QMenu* help = addCaptionedMenu(QStringLiteral("&Ajuda"));
-    connect(addCaptioned(help, QStringLiteral("&Quant al Mervak...")), &QAction::triggered, this,
-            &MainWindow::aboutRequested);
+void MainWindow::buildToolBar() {
+    QToolBar* bar = addToolBar(QString());
+    bar->setObjectName(QStringLiteral("EditorToolBar"));
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    bar->addAction(editor_.draw);
+    bar->addSeparator();
+    for (QAction* action : {editor_.addArea, editor_.deleteArea, editor_.maximumArea,
+                            editor_.subdivide, editor_.undo})
+        bar->addAction(action);
+    bar->addSeparator();
+    for (QAction* action : {editor_.zoomOut, editor_.zoomToFit, editor_.zoomIn})
+        bar->addAction(action);
 }
 
 void MainWindow::buildStatusArea() {
@@ -80,40 +185,26 @@ void MainWindow::buildStatusArea() {
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(2, 2, 2, 2);
     tabletButton_ = new QToolButton;
+    tabletButton_->setObjectName(QStringLiteral("BotoTauleta"));
     tabletButton_->setIconSize(QSize(40, 40));
     tabletButton_->setFocusPolicy(Qt::NoFocus);
     connect(tabletButton_, &QToolButton::clicked, this, &MainWindow::tabletButtonClicked);
     modelPicture_ = new QLabel;
     tabletCaption_ = new QLabel;
+    tabletCaption_->setObjectName(QStringLiteral("MsgTaulAct"));
     statusCaption_ = new QLabel;
-    previousPage_ = new QToolButton;
-    previousPage_->setText(QStringLiteral("<"));
-    captioned_.append({previousPage_, QStringLiteral("<")});
-    nextPage_ = new QToolButton;
-    nextPage_->setText(QStringLiteral(">"));
-    pageCounter_ = new QLabel(QStringLiteral("0/0 pàgines"));
-    connect(previousPage_, &QToolButton::clicked, this, &MainWindow::previousPageRequested);
-    connect(nextPage_, &QToolButton::clicked, this, &MainWindow::nextPageRequested);
+    statusCaption_->setObjectName(QStringLiteral("Label1"));
     row->addWidget(tabletButton_);
     row->addWidget(modelPicture_);
     auto* captions = new QVBoxLayout;
     captions->addWidget(tabletCaption_);
     captions->addWidget(statusCaption_);
     row->addLayout(captions, 1);
-    row->addWidget(previousPage_);
-    row->addWidget(pageCounter_);
-    row->addWidget(nextPage_);
     statusBar()->addWidget(bar, 1);
 }
 
 void MainWindow::translate(Language language) {
-    for (const auto& [object, catalan] : captioned_) {
-        const QString caption = TranslateCaption(language, catalan);
-        if (auto* action = qobject_cast<QAction*>(object))
-            action->setText(caption);
-        else if (auto* button = qobject_cast<QToolButton*>(object))
-            button->setText(caption);
-    }
+    TranslateForm(this, language);
     catalan_->setChecked(language == Language::Catalan);
     spanish_->setChecked(language == Language::Spanish);
 }
@@ -126,10 +217,6 @@ void MainWindow::setTabletState(bool active, const QString& caption) {
 
 void MainWindow::setStatusCaption(const QString& text) {
     statusCaption_->setText(text);
-}
-
-void MainWindow::setPageCounter(const QString& text) {
-    pageCounter_->setText(text);
 }
 
 void MainWindow::setModelPicture(const QPixmap& picture) {
@@ -146,6 +233,19 @@ void MainWindow::setVirtualTabletChecked(bool checked) {
     virtualTablet_->setChecked(checked);
 }
 
+void MainWindow::setRecentFiles(const QStringList& paths) {
+    recent_->clear();
+    for (int i = 0; i < paths.size(); ++i) {
+        const QString path = paths[i];
+        const QString text = QStringLiteral("&%1 %2").arg(i + 1).arg(QFileInfo(path).fileName());
+        QAction* action = recent_->addAction(text);
+        action->setToolTip(path);
+        action->setStatusTip(path);
+        connect(action, &QAction::triggered, this, [this, path] { emit recentFileChosen(path); });
+    }
+    recent_->setEnabled(!paths.isEmpty());
+}
+
 void MainWindow::closeForGood() {
     closing_ = true;
     close();
@@ -158,6 +258,19 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
     event->ignore();
     emit quitRequested();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!droppedTemplate(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QString path = droppedTemplate(event->mimeData());
+    if (path.isEmpty())
+        return;
+    event->acceptProposedAction();
+    emit templateDropped(path);
 }
 
 } // namespace mervak

@@ -1,6 +1,9 @@
 #pragma once
 
-#include "app/SheetView.h"
+#include "editor/widgets/AreaPanel.h"
+#include "editor/widgets/EditorActions.h"
+#include "editor/widgets/PageFrame.h"
+#include "editor/widgets/SheetPane.h"
 #include "platform/Language.h"
 
 #include <QLabel>
@@ -12,25 +15,32 @@ class QMenu;
 
 namespace mervak {
 
-// The main window as the running program needs it: the sheet of the current page,
-// the tablet button and status captions, the page counter and the menus. It shows
-// what it is told and reports what the user asks for; it decides nothing.
+// The main window: the sheet of the current page with its coordinate bars, the
+// editor's side panel and page frame, the menus, the tablet button and status
+// captions. It shows what it is told and reports what the user asks for; the
+// controllers decide.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
     explicit MainWindow(QWidget* parent = nullptr);
 
-    SheetView* sheet() const { return sheet_; }
+    SheetPane* sheetPane() const { return pane_; }
+    SheetView* sheet() const { return pane_->sheet(); }
+    AreaPanel* panel() const { return panel_; }
+    PageFrame* pageFrame() const { return frame_; }
+    const EditorActions& editorActions() const { return editor_; }
+    QMenu* filesMenu() const { return files_; }
+    QMenu* templateMenu() const { return template_; }
 
-    // Sets every caption from its Catalan form through the language tables.
+    // Shows every caption in the language, from its Catalan form.
     void translate(Language language);
 
     void setTabletState(bool active, const QString& caption);
     void setStatusCaption(const QString& text);
-    void setPageCounter(const QString& text);
     void setModelPicture(const QPixmap& picture);
     void setSoundChecked(bool checked);
     void setVirtualTabletChecked(bool checked);
+    void setRecentFiles(const QStringList& paths);
 
     // Closes without asking again: the controller has decided to end.
     void closeForGood();
@@ -40,38 +50,49 @@ signals:
     void openRequested();
     void saveRequested();
     void saveAsRequested();
+    void recentFileChosen(const QString& path);
+    void templateDropped(const QString& path);
     void quitRequested();
     void languageChosen(Language language);
     void soundToggled(bool on);
     void virtualTabletToggled(bool shown);
     void activateTargetRequested();
     void tabletButtonClicked();
-    void previousPageRequested();
-    void nextPageRequested();
     void aboutRequested();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void buildMenus();
+    void buildFilesMenu();
+    void buildAreaMenu();
+    void buildPageMenu();
+    void buildViewMenu();
+    void buildOptionsMenu();
+    void buildToolBar();
     void buildStatusArea();
-    QAction* addCaptioned(QMenu* menu, const QString& catalan);
+    QAction* addCaptioned(QMenu* menu, const QString& catalan,
+                          const QKeySequence& shortcut = QKeySequence());
     QMenu* addCaptionedMenu(const QString& catalan);
 
-    SheetView* sheet_;
+    SheetPane* pane_;
+    AreaPanel* panel_;
+    PageFrame* frame_;
+    EditorActions editor_;
+    QMenu* files_ = nullptr;
+    QMenu* recent_ = nullptr;
+    QMenu* template_ = nullptr;
     QToolButton* tabletButton_ = nullptr;
     QLabel* modelPicture_ = nullptr;
     QLabel* tabletCaption_ = nullptr; // MsgTaulAct
     QLabel* statusCaption_ = nullptr; // Label1
-    QLabel* pageCounter_ = nullptr;   // MsgPagina
-    QToolButton* previousPage_ = nullptr;
-    QToolButton* nextPage_ = nullptr;
     QAction* sound_ = nullptr;
     QAction* virtualTablet_ = nullptr;
     QAction* catalan_ = nullptr;
     QAction* spanish_ = nullptr;
-    QList<QPair<QObject*, QString>> captioned_; // every widget or action with its Catalan caption
     bool closing_ = false;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/SheetView.h"
+#include "editor/widgets/SheetView.h"
 
 #include <QWidget>
 

@@ -28,7 +28,7 @@ void AreaEditor::reset() {
     drag_.reset();
     drawing_.reset();
     emit drawingChanged();
-    emit changed();
+    select(t_.SelectedArea);
 }
 
 void AreaEditor::select(int16_t index) {

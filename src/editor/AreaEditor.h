@@ -37,8 +37,10 @@ public:
     // The selected Area, or nullptr.
     const Area* selected() const;
 
-    // Forgets gestures in progress and redraws, after the Template was replaced
-    // or changed elsewhere (a file opened, a page changed by a command).
+    // Forgets gestures in progress, counts the current page's Areas again and
+    // redraws, after the Template was replaced or changed elsewhere (a file
+    // opened, a page changed by a command). The selection stays when it is on
+    // the current page.
     void reset();
 
     void select(int16_t index); // as a pick on the sheet; 0 or a bad index selects none

@@ -1,0 +1,164 @@
+#include "app/DocumentController.h"
+
+#include "editor/widgets/Dialogs.h"
+#include "platform/Settings.h"
+#include "template/TemplateFile.h"
+
+#include <QFileInfo>
+
+namespace mervak {
+
+namespace {
+
+const QString kTemplateTitle = QStringLiteral("Carregar el fitxer de plantilla");
+const QString kSaveTitle = QStringLiteral("Enregistrar el fitxer de plantilla");
+
+} // namespace
+
+DocumentController::DocumentController(Context context, MainWindow& window, QObject* parent)
+    : QObject(parent), context_(std::move(context)), window_(window),
+      recent_(PrivateProfile(settingsFilePath(context_.homeFolder))) {
+    connect(&window_, &MainWindow::newRequested, this, &DocumentController::newTemplate);
+    connect(&window_, &MainWindow::openRequested, this, &DocumentController::openWithDialog);
+    connect(&window_, &MainWindow::saveRequested, this, &DocumentController::save);
+    connect(&window_, &MainWindow::saveAsRequested, this, &DocumentController::saveAs);
+    connect(&window_, &MainWindow::recentFileChosen, this, &DocumentController::openFile);
+    connect(&window_, &MainWindow::templateDropped, this, &DocumentController::openFile);
+    refreshRecentFiles();
+}
+
+QString DocumentController::title() const {
+    const Template& t = context_.tmpl;
+    if (t.isUntitled() && context_.language() == Language::Spanish)
+        return QStringLiteral("Mervak - ") +
+               TranslateCaption(Language::Spanish, QStringLiteral("(Sense nom)"));
+    return windowTitle(t);
+}
+
+void DocumentController::refreshTitle() {
+    window_.setWindowTitle(title());
+}
+
+void DocumentController::refreshRecentFiles() {
+    window_.setRecentFiles(recent_.files());
+}
+
+bool DocumentController::mayDiscardChanges(bool canCancel) {
+    if (!context_.tmpl.Modified)
+        return true;
+    switch (askToSaveChanges(&window_, context_.language(), canCancel)) {
+    case SaveAnswer::Save:
+        return save() || !canCancel;
+    case SaveAnswer::Discard:
+        return true;
+    case SaveAnswer::Cancel:
+        return false;
+    }
+    return false;
+}
+
+void DocumentController::newTemplate() {
+    if (!mayDiscardChanges())
+        return;
+    context_.tmpl.NewTemplate();
+    refreshTitle();
+    context_.templateReplaced();
+}
+
+void DocumentController::openWithDialog() {
+    if (!mayDiscardChanges())
+        return;
+    const QString path =
+        chooseFileToOpen(&window_, context_.language(), kTemplateTitle,
+                         {{QStringLiteral("Tauleta Windows"), {QStringLiteral("*.mvw")}},
+                          {QStringLiteral("Tauleta MS-DOS"), {QStringLiteral("*.mvd")}}},
+                         context_.workingFolder);
+    if (!path.isEmpty())
+        open(path);
+}
+
+void DocumentController::openFile(const QString& path) {
+    if (mayDiscardChanges())
+        open(path);
+}
+
+bool DocumentController::open(const QString& path) {
+    const Language language = context_.language();
+    const OpenOutcome outcome = openTemplate(context_.tmpl, path, context_.workingFolder);
+    if (outcome.error) {
+        showNotice(&window_, language, outcome.error->text(language), true);
+        if (!QFileInfo::exists(path))
+            recent_.remove(path);
+    } else {
+        if (outcome.warning)
+            showNotice(&window_, language, outcome.warning->text(language));
+        // Reading appends every Area, which marks the Template as changed;
+        // what was just read equals the file.
+        context_.tmpl.Modified = false;
+        context_.workingFolder = QFileInfo(context_.tmpl.TemplateFileName).absolutePath();
+        remember(context_.tmpl.TemplateFileName);
+    }
+    refreshTitle();
+    context_.templateReplaced();
+    return !outcome.error;
+}
+
+bool DocumentController::save() {
+    return saveWithDialog(false);
+}
+
+bool DocumentController::saveAs() {
+    return saveWithDialog(true);
+}
+
+bool DocumentController::saveWithDialog(bool saveAs) {
+    const Template& t = context_.tmpl;
+    const QList<FileFilter> filters =
+        saveAs ? QList<FileFilter>{{QStringLiteral("Plantilles de tauleta Windows"),
+                                    {QStringLiteral("*.mvw")}},
+                                   {QStringLiteral("Plantilles de tauleta MS-DOS"),
+                                    {QStringLiteral("*.mvd")}}}
+               : QList<FileFilter>{
+                     {QStringLiteral("Teclat pantalla Windows"), {QStringLiteral("*.mvw")}}};
+    int filter = 0;
+    const QString start = t.isUntitled() ? context_.workingFolder : t.TemplateFileName;
+    QString path =
+        chooseFileToSave(&window_, context_.language(), kSaveTitle, filters, start,
+                         saveAs ? QStringLiteral("MVW") : QStringLiteral("mvw"), &filter);
+    if (path.isEmpty())
+        return false;
+    // The MS-DOS filter chosen with a name typed without its extension.
+    if (saveAs && filter == 1 && QFileInfo(path).suffix().toUpper() == QLatin1String("MVW"))
+        path = path.left(path.size() - 3) + QStringLiteral("MVD");
+    const SaveOutcome outcome =
+        saveAs ? saveTemplateAs(context_.tmpl, path) : saveTemplate(context_.tmpl, path);
+    reportSave(outcome);
+    refreshTitle();
+    if (outcome.error)
+        return false;
+    remember(context_.tmpl.TemplateFileName);
+    context_.templateReplaced();
+    return true;
+}
+
+void DocumentController::reportSave(const SaveOutcome& outcome) {
+    const Language language = context_.language();
+    if (outcome.error) {
+        showNotice(&window_, language, outcome.error->text(language), true);
+        return;
+    }
+    if (!outcome.missingFiles.isEmpty())
+        context_.showStatus(Message(language, 15) +
+                            outcome.missingFiles.join(QStringLiteral(", ")));
+    else
+        context_.showStatus(QString());
+}
+
+void DocumentController::remember(const QString& path) {
+    QString error;
+    if (!recent_.add(path, &error))
+        context_.showStatus(error);
+    refreshRecentFiles();
+}
+
+} // namespace mervak

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "app/MainWindow.h"
+#include "editor/RecentFiles.h"
+#include "template/Template.h"
+
+#include <QObject>
+#include <functional>
+
+namespace mervak {
+
+// The open Template as a file: New, Open, Save, Save as, the recent files, a
+// Template dropped on the window or named by a CARREGA command, and the window
+// title. Whatever would lose unsaved changes asks first (message 5).
+class DocumentController : public QObject {
+    Q_OBJECT
+public:
+    struct Context {
+        Template& tmpl;
+        QString& workingFolder; // moves to the folder of each Template opened
+        QString homeFolder;     // MERVAK.INI, with the recent files
+        std::function<Language()> language;
+        std::function<void()> templateReplaced; // the views show the Template again
+        std::function<void(const QString&)> showStatus;
+    };
+
+    DocumentController(Context context, MainWindow& window, QObject* parent = nullptr);
+
+    void newTemplate();
+    void openWithDialog();
+    // A recent file, a dropped file or a CARREGA command: asks first.
+    void openFile(const QString& path);
+    // Opens without asking (the command line at start).
+    bool open(const QString& path);
+    // Both show the save dialog; false when nothing was saved.
+    bool save();
+    bool saveAs();
+
+    // Asks about unsaved changes: true when the caller may go on (saved, or
+    // the changes are to be dropped). Without `canCancel` there is no way back.
+    bool mayDiscardChanges(bool canCancel = true);
+
+    // The window title in the present language.
+    QString title() const;
+    void refreshTitle();
+    void refreshRecentFiles();
+
+private:
+    bool saveWithDialog(bool saveAs);
+    void reportSave(const struct SaveOutcome& outcome);
+    void remember(const QString& path);
+
+    Context context_;
+    MainWindow& window_;
+    RecentFiles recent_;
+};
+
+} // namespace mervak

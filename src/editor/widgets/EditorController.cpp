@@ -1,0 +1,276 @@
+#include "editor/widgets/EditorController.h"
+
+#include "editor/AreaSelection.h"
+#include "editor/widgets/Captions.h"
+#include "editor/widgets/Dialogs.h"
+#include "editor/widgets/GridDialog.h"
+#include "platform/PathResolver.h"
+#include "template/PageModel.h"
+
+#include <QAction>
+#include <QFileInfo>
+#include <QLineEdit>
+
+namespace mervak {
+
+EditorController::EditorController(Context context, Views views, QObject* parent)
+    : QObject(parent), context_(std::move(context)), views_(views), snapshot_(context_.homeFolder),
+      areas_({context_.tmpl, snapshot_, context_.beep, context_.language}),
+      pages_(context_.tmpl, snapshot_, context_.homeFolder),
+      interaction_(*views_.pane.sheet(), areas_) {
+    connect(&areas_, &AreaEditor::changed, this, &EditorController::showTemplate);
+    connect(&areas_, &AreaEditor::drawingChanged, this,
+            [this] { views_.pane.sheet()->setDrawing(areas_.drawing()); });
+    connect(&areas_, &AreaEditor::problem, this,
+            [this](const QString& text) { context_.showStatus(text); });
+    connect(&interaction_, &SheetInteraction::pressedAt, this, [this](QPointF point) {
+        if (views_.pane.fitsWhole())
+            emit sheetPressed(point);
+    });
+    connect(&interaction_, &SheetInteraction::areaPicked, this,
+            [this] { views_.panel.actionText()->setFocus(Qt::MouseFocusReason); });
+    wirePanel();
+    wirePane();
+    showTemplate();
+}
+
+void EditorController::wirePanel() {
+    AreaPanel& panel = views_.panel;
+    connect(&panel, &AreaPanel::previousAreaClicked, &areas_, &AreaEditor::previousArea);
+    connect(&panel, &AreaPanel::nextAreaClicked, &areas_, &AreaEditor::nextArea);
+    connect(&panel, &AreaPanel::previousPageClicked, this, &EditorController::previousPage);
+    connect(&panel, &AreaPanel::nextPageClicked, this, &EditorController::nextPage);
+    connect(&panel, &AreaPanel::coordinateTyped, &areas_, &AreaEditor::setCoordinate);
+    connect(&panel, &AreaPanel::actionTextEdited, &areas_, &AreaEditor::setActionText);
+    connect(&panel, &AreaPanel::repeatReadingsToggled, &areas_, &AreaEditor::setRepeatReadings);
+    connect(&panel, &AreaPanel::tryClicked, this, [this] {
+        const QString text = views_.panel.actionText()->text();
+        if (!text.isEmpty())
+            context_.runActionText(text);
+    });
+    connect(panel.commands(), &CommandMenu::commandChosen, this, &EditorController::insertCommand);
+    connect(&views_.frame, &PageFrame::confirmed, this, &EditorController::confirmPageFrame);
+    connect(&views_.frame, &PageFrame::cancelled, &views_.frame, &PageFrame::hide);
+}
+
+void EditorController::wirePane() {
+    connect(&views_.pane, &SheetPane::coordinateEdited, &areas_, &AreaEditor::setCoordinate);
+}
+
+void EditorController::bindActions(const EditorActions& actions) {
+    AreaEditor* areas = &areas_;
+    connect(actions.draw, &QAction::toggled, this, &EditorController::setDrawMode);
+    connect(actions.addArea, &QAction::triggered, areas, [areas] { areas->addArea(); });
+    connect(actions.deleteArea, &QAction::triggered, areas, &AreaEditor::deleteArea);
+    connect(actions.maximumArea, &QAction::triggered, areas, &AreaEditor::maximizeArea);
+    connect(actions.subdivide, &QAction::triggered, this, &EditorController::subdivide);
+    connect(actions.previousArea, &QAction::triggered, areas, &AreaEditor::previousArea);
+    connect(actions.nextArea, &QAction::triggered, areas, &AreaEditor::nextArea);
+    connect(actions.undo, &QAction::triggered, this, &EditorController::undo);
+    connect(actions.previousPage, &QAction::triggered, this, &EditorController::previousPage);
+    connect(actions.nextPage, &QAction::triggered, this, &EditorController::nextPage);
+    connect(actions.addPage, &QAction::triggered, this,
+            [this] { openPageFrame(PageFrame::Operation::Open); });
+    connect(actions.insertPageBefore, &QAction::triggered, this,
+            [this] { openPageFrame(PageFrame::Operation::Open, true); });
+    connect(actions.insertPageAfter, &QAction::triggered, this,
+            [this] { openPageFrame(PageFrame::Operation::Open, false); });
+    connect(actions.deletePage, &QAction::triggered, this, &EditorController::deletePage);
+    connect(actions.savePageModel, &QAction::triggered, this,
+            [this] { openPageFrame(PageFrame::Operation::Save); });
+    connect(actions.pastePageModel, &QAction::triggered, this,
+            [this] { openPageFrame(PageFrame::Operation::Paste); });
+    SheetPane* pane = &views_.pane;
+    connect(actions.zoomIn, &QAction::triggered, pane, &SheetPane::zoomIn);
+    connect(actions.zoomOut, &QAction::triggered, pane, &SheetPane::zoomOut);
+    connect(actions.zoomToFit, &QAction::triggered, pane, &SheetPane::zoomToFit);
+    actions_ = actions;
+    showTemplate();
+}
+
+void EditorController::refresh() {
+    areas_.reset();
+}
+
+void EditorController::retranslate() {
+    views_.frame.setLanguage(context_.language());
+    showTemplate();
+}
+
+QList<SheetArea> EditorController::sheetAreas() const {
+    const Template& t = context_.tmpl;
+    QList<SheetArea> areas;
+    for (const int16_t index : t.areasOfPage(t.CurrentPage)) {
+        const Area& area = t.area(index);
+        areas.append({rectOf(area), context_.areaLabel(area.ActionText), index == t.SelectedArea});
+    }
+    return areas;
+}
+
+// The sheet image is read again only when its name or its file changed.
+QImage EditorController::sheetPicture() {
+    const Template& t = context_.tmpl;
+    if (t.FitxGraf.isEmpty()) {
+        picturePath_.clear();
+        picture_ = QImage();
+        return picture_;
+    }
+    const QString folder =
+        t.isUntitled() ? context_.workingFolder() : QFileInfo(t.TemplateFileName).absolutePath();
+    const QString path = resolveStoredPath(t.FitxGraf, folder);
+    const QString stamp = path + QFileInfo(path).lastModified().toString(Qt::ISODateWithMs);
+    if (stamp != picturePath_) {
+        picturePath_ = stamp;
+        picture_ = QImage(path);
+    }
+    return picture_;
+}
+
+void EditorController::showTemplate() {
+    const Language language = context_.language();
+    const Template& t = context_.tmpl;
+    SheetView* sheet = views_.pane.sheet();
+    sheet->setPicture(sheetPicture());
+    sheet->setAreas(sheetAreas());
+    const Area* selected = areas_.selected();
+    views_.pane.showArea(selected);
+    views_.panel.showArea(selected);
+    const CounterTexts counters = counterTexts(t);
+    views_.panel.setCounters(translateCounter(language, counters.MsgArea),
+                             translateCounter(language, counters.MsgPagina));
+    if (actions_.deletePage)
+        actions_.deletePage->setEnabled(pages_.canDeletePage());
+    emit templateChanged();
+}
+
+void EditorController::setDrawMode(bool on) {
+    interaction_.setDrawMode(on);
+}
+
+void EditorController::deleteArea() {
+    areas_.deleteArea();
+}
+
+void EditorController::subdivide() {
+    const Area* area = areas_.selected();
+    if (!area) {
+        context_.beep();
+        return;
+    }
+    const SheetRect rect = rectOf(*area);
+    GridDialog dialog(context_.language(), QSizeF(rect.width(), rect.height()), &views_.window);
+    dialog.setCounts(gridColumns_, gridRows_);
+    if (!areas_.beginSubdivide() || dialog.exec() != QDialog::Accepted)
+        return;
+    gridColumns_ = dialog.columns();
+    gridRows_ = dialog.rows();
+    areas_.subdivide(gridColumns_, gridRows_);
+}
+
+void EditorController::undo() {
+    views_.frame.hide();
+    areas_.undo();
+}
+
+void EditorController::previousPage() {
+    showPage(context_.tmpl.CurrentPage - 1);
+}
+
+void EditorController::nextPage() {
+    showPage(context_.tmpl.CurrentPage + 1);
+}
+
+void EditorController::showPage(int page) {
+    if (!areas_.showPage(page))
+        context_.beep();
+}
+
+void EditorController::openPageFrame(PageFrame::Operation operation, bool before) {
+    views_.frame.start(operation, listPageModels(pages_.modelsFolder()), context_.language(),
+                       before);
+}
+
+void EditorController::confirmPageFrame() {
+    PageFrame& frame = views_.frame;
+    const QString name = frame.nompag();
+    if (name.isEmpty()) {
+        context_.beep();
+        frame.nameField()->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    frame.hide();
+    switch (frame.operation()) {
+    case PageFrame::Operation::Save:
+        report(pages_.saveModel(name));
+        return;
+    case PageFrame::Operation::Open:
+        report(pages_.addPage(name, frame.placingCode(), context_.deviceModel()));
+        break;
+    case PageFrame::Operation::Paste:
+        report(pages_.pasteModel(name));
+        break;
+    }
+    areas_.reset();
+}
+
+void EditorController::deletePage() {
+    if (!pages_.canDeletePage()) {
+        context_.beep();
+        return;
+    }
+    if (!confirmCritical(&views_.window, context_.language(), 107))
+        return;
+    report(pages_.deletePage());
+    areas_.reset();
+}
+
+void EditorController::report(const std::optional<TemplateError>& error) {
+    if (error)
+        showNotice(&views_.window, context_.language(), error->text(context_.language()), true);
+}
+
+QString EditorController::chooseCommandFile(const CommandEntry& entry) {
+    const Language language = context_.language();
+    QList<FileFilter> filters;
+    switch (entry.file) {
+    case CommandFile::None:
+        return {};
+    case CommandFile::Program:
+        break;
+    case CommandFile::Sound:
+        filters.append({Message(language, 40), {QStringLiteral("*.wav"), QStringLiteral("*.mid")}});
+        break;
+    case CommandFile::Picture:
+        filters.append({Message(language, 39),
+                        {QStringLiteral("*.bmp"), QStringLiteral("*.jpg"), QStringLiteral("*.gif"),
+                         QStringLiteral("*.wmf")}});
+        break;
+    case CommandFile::Text:
+    case CommandFile::SpeechText:
+        filters.append({QStringLiteral("Fitxers de text"), {QStringLiteral("*.txt")}});
+        break;
+    case CommandFile::Template:
+        filters.append({QStringLiteral("Tauleta Windows"), {QStringLiteral("*.mvw")}});
+        break;
+    }
+    filters.append({Message(language, 44), {QStringLiteral("*")}});
+    return chooseFileToOpen(&views_.window, language, entry.menuPath.last(), filters,
+                            context_.workingFolder());
+}
+
+void EditorController::insertCommand(const CommandEntry& entry) {
+    if (!areas_.selected()) {
+        context_.beep();
+        return;
+    }
+    QString fileName;
+    if (entry.file != CommandFile::None) {
+        const QString chosen = chooseCommandFile(entry);
+        if (chosen.isEmpty())
+            return;
+        fileName = storedFileName(chosen, context_.workingFolder(), entry.file);
+    }
+    views_.panel.actionText()->insertCommand(commandText(entry, fileName), entry.placeholder);
+}
+
+} // namespace mervak

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "editor/AreaEditor.h"
+#include "editor/PageEditor.h"
+#include "editor/UndoSnapshot.h"
+#include "editor/widgets/AreaPanel.h"
+#include "editor/widgets/EditorActions.h"
+#include "editor/widgets/PageFrame.h"
+#include "editor/widgets/SheetInteraction.h"
+#include "editor/widgets/SheetPane.h"
+
+#include <QObject>
+#include <functional>
+
+namespace mervak {
+
+// Binds the editor's widgets (sheet pane, side panel, page frame) to the Area
+// and page edits, and keeps them showing the open Template. The menus of the
+// main window call its commands.
+class EditorController : public QObject {
+    Q_OBJECT
+public:
+    struct Context {
+        Template& tmpl;
+        QString homeFolder; // the undo snapshot and the page models live here
+        std::function<Language()> language;
+        std::function<QString()> workingFolder;
+        std::function<QString()> deviceModel;
+        std::function<void()> beep;
+        std::function<void(const QString&)> runActionText; // the "try it" button
+        std::function<QString(const QString&)> areaLabel;  // an Area's label from its ActionText
+        std::function<void(const QString&)> showStatus;
+    };
+    struct Views {
+        QWidget& window; // parent of the dialogs
+        SheetPane& pane;
+        AreaPanel& panel;
+        PageFrame& frame;
+    };
+
+    EditorController(Context context, Views views, QObject* parent = nullptr);
+
+    AreaEditor& areas() { return areas_; }
+    PageEditor& pages() { return pages_; }
+    SheetInteraction& interaction() { return interaction_; }
+
+    // Connects the editor's menu entries to its commands.
+    void bindActions(const EditorActions& actions);
+
+    // Shows the Template again after it was replaced or changed elsewhere.
+    void refresh();
+    void retranslate();
+
+    void setDrawMode(bool on);
+    void deleteArea();
+    void subdivide();
+    void undo();
+    void previousPage();
+    void nextPage();
+    void showPage(int page);
+    // Opens the page frame for an operation; `before` preselects "Inserir abans".
+    void openPageFrame(PageFrame::Operation operation, bool before = false);
+    void deletePage();
+
+    // Runs a command menu entry: file commands ask for their file first.
+    void insertCommand(const CommandEntry& entry);
+
+    // What the sheet shows, for other views of it: the current page's Areas
+    // and the sheet image (read again only when its name or file changed).
+    QList<SheetArea> sheetAreas() const;
+    QImage sheetPicture();
+
+signals:
+    // Areas, page or selection changed: other views of the sheet follow.
+    void templateChanged();
+    // A press on the sheet outside the drawing mode, in sheet units, while the
+    // whole sheet is in view.
+    void sheetPressed(QPointF sheetPoint);
+
+private:
+    void wirePanel();
+    void wirePane();
+    void showTemplate();
+    void confirmPageFrame();
+    void report(const std::optional<TemplateError>& error);
+    QString chooseCommandFile(const CommandEntry& entry);
+
+    Context context_;
+    Views views_;
+    UndoSnapshot snapshot_;
+    AreaEditor areas_;
+    PageEditor pages_;
+    SheetInteraction interaction_;
+    EditorActions actions_;
+    QString picturePath_;
+    QImage picture_;
+    int gridColumns_ = 2;
+    int gridRows_ = 2;
+};
+
+} // namespace mervak

@@ -1,0 +1,155 @@
+#include "EditorFixture.h"
+#include "support/TestFiles.h"
+#include "template/TemplateFile.h"
+
+#include <QFileDialog>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QUrl>
+
+namespace mervak::test {
+namespace {
+
+QPushButton* buttonNamed(QWidget* box, const QString& text) {
+    for (QPushButton* button : box->findChildren<QPushButton*>())
+        if (button->text() == text)
+            return button;
+    return nullptr;
+}
+
+class DocumentControllerTest : public EditorFixture {
+protected:
+    void SetUp() override {
+        Template saved;
+        saved.AppendArea(makeArea(0, 0, 60, 60, 1, QStringLiteral("desat")));
+        path = QDir(home.path()).filePath(QStringLiteral("classe.mvw"));
+        ASSERT_FALSE(saveTemplate(saved, path).error);
+        tmpl.AppendArea(makeArea(10, 10, 20, 20, 1, QStringLiteral("sense desar")));
+        editor.refresh();
+    }
+
+    // Opens the saved file, answering message 5 with the button `answer`.
+    void openAnswering(const QString& answer) {
+        whenModal(
+            [answer](QWidget* modal) {
+                auto* box = qobject_cast<QMessageBox*>(modal);
+                ASSERT_NE(box, nullptr);
+                EXPECT_EQ(box->text(),
+                          QStringLiteral("El fitxer ha estat modificat. Voleu enregistrar-lo?"));
+                QPushButton* button = buttonNamed(box, answer);
+                ASSERT_NE(button, nullptr) << answer;
+                button->click();
+            },
+            [this] { document.openFile(path); });
+    }
+
+    QString path;
+};
+
+TEST_F(DocumentControllerTest, CancelKeepsTheUnsavedTemplate) {
+    openAnswering(QStringLiteral("Cancel·lar"));
+    ASSERT_EQ(tmpl.AreaCount(), 1);
+    EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("sense desar"));
+    EXPECT_TRUE(tmpl.Modified);
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)"));
+}
+
+TEST_F(DocumentControllerTest, NoDropsTheChangesAndOpens) {
+    openAnswering(QStringLiteral("No"));
+    ASSERT_EQ(tmpl.AreaCount(), 1);
+    EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("desat"));
+    EXPECT_FALSE(tmpl.Modified) << "a Template just read equals its file";
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - ") + path);
+    EXPECT_EQ(workingFolder, home.path());
+    EXPECT_EQ(window.panel()->areaCounter()->text(), QStringLiteral("0/1 àrees"));
+}
+
+TEST_F(DocumentControllerTest, YesSavesFirstThroughTheSaveDialog) {
+    const QString first = QDir(home.path()).filePath(QStringLiteral("primera.mvw"));
+    whenModal(
+        [this, first](QWidget* modal) {
+            buttonNamed(modal, QStringLiteral("Sí"))->click();
+            auto* poll = new QTimer(modal->parent());
+            QObject::connect(poll, &QTimer::timeout, [poll, first] {
+                auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+                if (!dialog)
+                    return;
+                poll->deleteLater();
+                poll->stop();
+                EXPECT_EQ(dialog->windowTitle(),
+                          QStringLiteral("Enregistrar el fitxer de plantilla"));
+                dialog->selectFile(first);
+                QMetaObject::invokeMethod(dialog, "accept");
+            });
+            poll->start(10);
+        },
+        [this] { document.openFile(path); });
+    Template written;
+    ASSERT_FALSE(loadTemplateFile(first, written));
+    EXPECT_EQ(written.area(1).ActionText, QStringLiteral("sense desar"));
+    EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("desat"));
+    EXPECT_EQ(document.title(), QStringLiteral("Mervak - ") + path);
+}
+
+TEST_F(DocumentControllerTest, AnUnchangedTemplateIsReplacedWithoutAsking) {
+    tmpl.Modified = false;
+    document.newTemplate();
+    EXPECT_EQ(tmpl.AreaCount(), 0);
+    EXPECT_TRUE(tmpl.isUntitled());
+}
+
+TEST_F(DocumentControllerTest, RecentFilesAreRememberedInTheSettings) {
+    tmpl.Modified = false;
+    ASSERT_TRUE(document.open(path));
+    const QString ini = test::readAll(QDir(home.path()).filePath(QStringLiteral("MERVAK.INI")));
+    EXPECT_TRUE(ini.contains(QStringLiteral("[Recents]"))) << ini;
+    EXPECT_TRUE(ini.contains(QStringLiteral("Fitxer1=") + path)) << ini;
+    QMenu* files = window.filesMenu();
+    QMenu* recent = nullptr;
+    for (QAction* action : files->actions())
+        if (action->menu() && action->text() == QStringLiteral("Fitxers &recents"))
+            recent = action->menu();
+    ASSERT_NE(recent, nullptr);
+    ASSERT_EQ(recent->actions().size(), 1);
+    EXPECT_EQ(recent->actions()[0]->text(), QStringLiteral("&1 classe.mvw"));
+}
+
+TEST_F(DocumentControllerTest, ABrokenFileIsRefusedWithItsMessage) {
+    tmpl.Modified = false;
+    const QString broken = QDir(home.path()).filePath(QStringLiteral("trencat.mvw"));
+    test::writeAll(broken, "2\r\n0\r\nfoto.png\r\n5\r\n\"x\"\r\n");
+    EXPECT_FALSE(document.open(broken));
+    const QList<QMessageBox*> boxes = window.findChildren<QMessageBox*>();
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes[0]->text().startsWith(QStringLiteral("Error en llegir el fitxer ")))
+        << boxes[0]->text();
+    EXPECT_EQ(boxes[0]->icon(), QMessageBox::Critical);
+    boxes[0]->close();
+    EXPECT_EQ(tmpl.AreaCount(), 0);
+    EXPECT_TRUE(tmpl.isUntitled());
+}
+
+TEST_F(DocumentControllerTest, ATemplateDroppedOnTheWindowOpens) {
+    tmpl.Modified = false;
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &drop);
+    EXPECT_EQ(tmpl.TemplateFileName, path);
+
+    QMimeData picture;
+    picture.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/foto.png"))});
+    QDragEnterEvent refused(QPoint(10, 10), Qt::CopyAction, &picture, Qt::LeftButton,
+                            Qt::NoModifier);
+    refused.setAccepted(false);
+    QApplication::sendEvent(&window, &refused);
+    EXPECT_FALSE(refused.isAccepted());
+}
+
+} // namespace
+} // namespace mervak::test

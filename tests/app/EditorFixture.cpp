@@ -1,0 +1,105 @@
+#include "EditorFixture.h"
+
+#include <QMouseEvent>
+
+namespace mervak::test {
+
+EditorFixture::EditorFixture()
+    : workingFolder(home.path()),
+      editor(EditorController::Context{tmpl, home.path(), [this] { return language; },
+                                       [this] { return workingFolder; },
+                                       [] { return QStringLiteral("EASY"); }, [this] { ++beeps; },
+                                       [this](const QString& text) { ran.append(text); },
+                                       [](const QString& text) { return text; },
+                                       [this](const QString& text) { status = text; }},
+             EditorController::Views{window, *window.sheetPane(), *window.panel(),
+                                     *window.pageFrame()}),
+      document(DocumentController::Context{
+                   tmpl, workingFolder, home.path(), [this] { return language; },
+                   [this] { editor.refresh(); }, [this](const QString& text) { status = text; }},
+               window) {
+    editor.bindActions(window.editorActions());
+    window.resize(940, 720);
+    window.show();
+    editor.refresh();
+    document.refreshTitle();
+    QApplication::processEvents();
+}
+
+void EditorFixture::switchLanguage(Language to) {
+    language = to;
+    window.translate(to);
+    translateAllWindows(to);
+    editor.retranslate();
+    document.refreshTitle();
+}
+
+QPointF EditorFixture::widgetPoint(QPointF units) const {
+    const QRectF sheet = window.sheet()->sheetRect();
+    return {sheet.left() + units.x() * sheet.width() / kSheetUnits,
+            sheet.bottom() - units.y() * sheet.height() / kSheetUnits};
+}
+
+namespace {
+
+void send(QWidget* target, QEvent::Type type, QPointF at, Qt::MouseButtons buttons) {
+    const QPointF global = target->mapToGlobal(at);
+    QMouseEvent event(type, at, global, type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                      buttons, Qt::NoModifier);
+    QApplication::sendEvent(target, &event);
+}
+
+} // namespace
+
+void EditorFixture::dragOnSheet(QPointF from, QPointF to) {
+    SheetView* sheet = window.sheet();
+    send(sheet, QEvent::MouseButtonPress, widgetPoint(from), Qt::LeftButton);
+    const QPointF middle = (from + to) / 2;
+    send(sheet, QEvent::MouseMove, widgetPoint(middle), Qt::LeftButton);
+    send(sheet, QEvent::MouseMove, widgetPoint(to), Qt::LeftButton);
+    send(sheet, QEvent::MouseButtonRelease, widgetPoint(to), Qt::NoButton);
+}
+
+void EditorFixture::clickOnSheet(QPointF at) {
+    SheetView* sheet = window.sheet();
+    send(sheet, QEvent::MouseButtonPress, widgetPoint(at), Qt::LeftButton);
+    send(sheet, QEvent::MouseButtonRelease, widgetPoint(at), Qt::NoButton);
+}
+
+void EditorFixture::whenModal(std::function<void(QWidget*)> answer, std::function<void()> open) {
+    auto* poll = new QTimer;
+    poll->setInterval(10);
+    bool answered = false;
+    QObject::connect(poll, &QTimer::timeout, [poll, answer, &answered] {
+        if (QWidget* modal = QApplication::activeModalWidget()) {
+            poll->stop();
+            answered = true;
+            answer(modal);
+        }
+    });
+    poll->start();
+    open();
+    poll->stop();
+    delete poll;
+    EXPECT_TRUE(answered) << "no dialog showed";
+}
+
+void EditorFixture::saveScreenshot(QWidget* widget, const QString& name) {
+    const QString folder = QStringLiteral(MERVAK_SCREENSHOT_DIR);
+    QDir().mkpath(folder);
+    QApplication::processEvents();
+    EXPECT_TRUE(widget->grab().save(QDir(folder).filePath(name))) << name;
+}
+
+Area makeArea(int16_t x0, int16_t y0, int16_t x1, int16_t y1, int16_t page, const QString& text) {
+    Area a;
+    a.X0 = x0;
+    a.Y0 = y0;
+    a.X1 = x1;
+    a.Y1 = y1;
+    a.Page = page;
+    a.ActionText = text;
+    return a;
+}
+
+} // namespace mervak::test

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "app/DocumentController.h"
+#include "app/MainWindow.h"
+#include "editor/widgets/Captions.h"
+#include "editor/widgets/EditorController.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace mervak::test {
+
+// The main window with the editor and file controllers, as the program wires
+// them, over a Template in memory and a home folder of its own.
+class EditorFixture : public ::testing::Test {
+protected:
+    EditorFixture();
+
+    // Switches the language of every open window, as the language menu does.
+    void switchLanguage(Language to);
+
+    // The area under the sheet view's point given in sheet units.
+    QPointF widgetPoint(QPointF sheetUnits) const;
+    // A left-button drag on the sheet from one point to another, in sheet units.
+    void dragOnSheet(QPointF from, QPointF to);
+    void clickOnSheet(QPointF at);
+
+    // Runs `answer` on the next modal dialog once it shows, while `open` waits for it.
+    void whenModal(std::function<void(QWidget*)> answer, std::function<void()> open);
+
+    // Saves a picture of `widget` under the screenshot folder of the build.
+    void saveScreenshot(QWidget* widget, const QString& name);
+
+    SheetRect rectAt(int16_t index) const { return rectOf(tmpl.area(index)); }
+
+    QTemporaryDir home;
+    Template tmpl;
+    QString workingFolder;
+    Language language = Language::Catalan;
+    int beeps = 0;
+    QStringList ran;
+    QString status;
+    MainWindow window;
+    EditorController editor;
+    DocumentController document;
+};
+
+Area makeArea(int16_t x0, int16_t y0, int16_t x1, int16_t y1, int16_t page,
+              const QString& text = {});
+
+} // namespace mervak::test
