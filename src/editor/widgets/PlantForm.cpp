@@ -359,13 +359,15 @@ void PlantForm::macroPicked(int row) {
 }
 
 void PlantForm::showWindowList() {
-    QList<WindowId> ours;
+    // Our own windows are no target; they are known by title, as window ids
+    // from the window system and from the toolkit need not share one space.
+    QStringList ours;
     for (const QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible() && window->internalWinId())
-            ours.append(window->internalWinId());
+        if (window->isVisible())
+            ours.append(window->windowTitle());
     windowMenu_->clear();
     for (const WindowInfo& window : windows_.topLevelWindows()) {
-        if (ours.contains(window.id) || window.title.trimmed().isEmpty())
+        if (ours.contains(window.title) || window.title.trimmed().isEmpty())
             continue;
         const QString title = window.title;
         connect(windowMenu_->addAction(title), &QAction::triggered, this, [this, title] {

@@ -265,6 +265,7 @@ TEST(PlantForm, PicksTheTargetFromTheOpenWindows) {
     test::FakeWindowSystem windows;
     windows.addWindow("Document sense títol 1 - LibreOffice Writer");
     windows.addWindow("   ");
+    windows.addWindow("Dades Inicials"); // the dialog itself
     windows.addWindow("Calculadora");
     Template t;
     PlantForm form(t, windows, catalogue(), Language::Catalan, nullptr);
