@@ -1,9 +1,22 @@
 #include "X11TestFixture.h"
 
 #include <QProcess>
+#include <X11/Xlib.h>
 
 namespace mervak::test {
 namespace {
+
+// The whole keyboard map as core clients see it.
+std::vector<KeySym> keyboardMap(Display* display) {
+    int first = 0;
+    int last = 0;
+    int perKeycode = 0;
+    XDisplayKeycodes(display, &first, &last);
+    KeySym* symbols = XGetKeyboardMapping(display, first, last - first + 1, &perKeycode);
+    std::vector<KeySym> map(symbols, symbols + (last - first + 1) * perKeycode);
+    XFree(symbols);
+    return map;
+}
 
 KeyStroke named(Key key, Modifiers modifiers = {}) {
     return {key, 0, modifiers};
@@ -53,6 +66,18 @@ TEST_F(X11TestFixture, TypesAccentedAndNonLatinTextWithFewKeymapChanges) {
     EXPECT_EQ(keyboard_->keymapChanges(), changesAfterFirstRun) << "the second run reuses them";
     const QByteArray expected = (repeated + text).toUtf8();
     EXPECT_EQ(waitForContent(terminal.file, expected.size()), expected);
+}
+
+// The spare keycodes are cleared when the keyboard goes: other programs find the map
+// as it was.
+TEST_F(X11TestFixture, LeavesTheKeyboardMapAsItFoundIt) {
+    Terminal terminal;
+    ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Mervak restore"), &terminal));
+    const std::vector<KeySym> before = keyboardMap(connection_->display());
+    ASSERT_NO_FATAL_FAILURE(typeInto(terminal, charactersOf(QStringLiteral("àéíòú €ŀ你"))));
+    EXPECT_NE(keyboardMap(connection_->display()), before);
+    keyboard_.reset();
+    EXPECT_EQ(keyboardMap(connection_->display()), before);
 }
 
 // More distinct missing characters than spare keycodes: the least recently used make

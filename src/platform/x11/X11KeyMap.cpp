@@ -100,15 +100,16 @@ bool holds(XkbDescPtr xkb, int keycode, const QList<KeySymbol>& symbols) {
     return true;
 }
 
-} // namespace
-
-int X11KeyMap::currentGroup(Display* display) {
+// The group (layout) the keyboard is in now, or -1 when it cannot be read.
+int currentGroup(Display* display) {
     XkbStateRec state;
     if (XkbGetState(display, XkbUseCoreKbd, &state) != Success) {
         return -1;
     }
     return state.group;
 }
+
+} // namespace
 
 std::optional<X11KeyMap> X11KeyMap::read(Display* display,
                                          const QHash<KeyCode8, QList<KeySymbol>>& ownKeycodes) {
@@ -118,7 +119,6 @@ std::optional<X11KeyMap> X11KeyMap::read(Display* display,
         return std::nullopt;
     }
     X11KeyMap map;
-    map.group_ = group;
     const int first = xkb.desc->min_key_code;
     const int last = xkb.desc->max_key_code;
 
@@ -136,7 +136,6 @@ std::optional<X11KeyMap> X11KeyMap::read(Display* display,
         if (bits == 0 || keyGroup < 0 || map.intactOwn_.contains(keycode)) {
             continue;
         }
-        map.modifierMap_.insert(keycode, bits);
         const KeySym symbol = XkbKeySymEntry(xkb.desc, keycode, 0, keyGroup);
         for (int bit = 0; bit < 8; ++bit) {
             const bool takes = (bits & (1u << bit)) != 0 && !isLockSymbol(symbol);

@@ -31,11 +31,6 @@ public:
     static std::optional<X11KeyMap> read(Display* display,
                                          const QHash<KeyCode8, QList<KeySymbol>>& ownKeycodes);
 
-    // The group (layout) the keyboard is in now, or -1 when it cannot be read.
-    static int currentGroup(Display* display);
-
-    int group() const { return group_; }
-
     std::optional<KeyPlace> findSymbol(KeySymbol symbol) const;
     std::optional<KeyPlace> findCharacter(char32_t character) const;
 
@@ -50,20 +45,15 @@ public:
     // lock key; 0 when there is none.
     KeyCode8 keycodeForModifier(int index) const { return modifierKeys_[index]; }
 
-    // The modifier bits a key sets, from the modifier map.
-    unsigned modifiersOf(KeyCode8 keycode) const { return modifierMap_.value(keycode); }
-
 private:
     void index(KeySymbol symbol, KeyPlace place);
 
-    int group_ = 0;
     QHash<KeySymbol, KeyPlace> symbols_;
     struct CharacterPlace {
         KeyPlace place;
         bool keypad = false;
     };
     QHash<char32_t, CharacterPlace> characters_;
-    QHash<KeyCode8, unsigned> modifierMap_;
     std::array<KeyCode8, 8> modifierKeys_{};
     QList<KeyCode8> spare_;
     QSet<KeyCode8> intactOwn_;

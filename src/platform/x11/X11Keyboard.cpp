@@ -254,6 +254,9 @@ bool X11Keyboard::mapSpareKeys() {
             missing.append(symbol);
         }
     }
+    if (missing.isEmpty()) {
+        return true; // a fresh keyboard map holds them now
+    }
     const Clock::time_point safe = lastKeyAt_ + std::chrono::milliseconds(kEvictSettleMs);
     const auto plainOnly = std::count_if(missing.begin(), missing.end(), [](KeySymbol symbol) {
         return characterOfKeySymbol(symbol) == 0;
