@@ -2,7 +2,7 @@
 
 #include "action/SendKeysParser.h"
 
-#include <QTimer>
+#include <QCoreApplication>
 
 namespace mervak {
 
@@ -16,7 +16,7 @@ bool DryRunKeyboard::type(const KeyStrokes& strokes, QString*) {
 
 void DryRunKeyboard::flush(std::function<void()> done) {
     log_.write(DryRunLine("flush"));
-    QTimer::singleShot(0, std::move(done));
+    QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(done), Qt::QueuedConnection);
 }
 
 } // namespace mervak

@@ -7,7 +7,8 @@ namespace mervak {
 
 // Types nothing. Each run of strokes is one "keys" effect: "text" is the
 // strokes written back in send-keys notation, "events" the same stroke by
-// stroke. Each flush is one "flush" effect, ended from the event loop.
+// stroke. Each flush is one "flush" effect, ended from the event loop (a
+// QCoreApplication must exist).
 class DryRunKeyboard : public KeyboardOutput {
 public:
     explicit DryRunKeyboard(DryRunLog& log) : log_(log) {}

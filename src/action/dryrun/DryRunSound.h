@@ -6,7 +6,8 @@
 namespace mervak {
 
 // Plays nothing. Each sound is one "sound" effect with its "file" and "kind"
-// ("wave" or "midi"); it ends at once, from the event loop.
+// ("wave" or "midi"); it ends at once, from the event loop (a QCoreApplication
+// must exist).
 class DryRunSound : public SoundOutput {
 public:
     explicit DryRunSound(DryRunLog& log) : log_(log) {}
