@@ -10,7 +10,7 @@ packages=(
   libespeak-ng-dev espeak-ng-data
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth openbox xterm x11-utils x11-apps xdotool socat imagemagick
-  sox espeak-ng pulseaudio
+  sox espeak-ng pulseaudio poppler-utils
   fonts-dejavu-core
 )
 
