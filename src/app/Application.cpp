@@ -4,6 +4,7 @@
 #include "devices/QtSerialLink.h"
 #include "editor/widgets/Captions.h"
 #include "editor/widgets/Dialogs.h"
+#include "editor/widgets/PlantForm.h"
 #include "platform/Checked16.h"
 #include "platform/Language.h"
 
@@ -96,6 +97,9 @@ bool Application::start() {
 
 void Application::readConfiguration() {
     settings_ = readSettings(PrivateProfile(settingsFilePath(homeFolder_)));
+    catalogue_ = MacroCatalogue::read(
+        MacroCatalogue::locate(homeFolder_, QApplication::applicationDirPath()));
+    editor_->setCatalogue(&catalogue_);
     easy_.setLanguage(settings_.language);
     easy_.setRetardPort(settings_.retardPort);
     translate();
@@ -194,6 +198,13 @@ void Application::wireWindow() {
     connect(&window_, &MainWindow::virtualTabletToggled, this, &Application::showVirtualTablet);
     connect(&window_, &MainWindow::activateTargetRequested, this, &Application::activateTarget);
     connect(&window_, &MainWindow::quitRequested, this, [this] { quit(true); });
+    connect(&window_, &MainWindow::propertiesRequested, this, &Application::editProperties);
+    connect(&window_, &MainWindow::exportSheetRequested, this, [this] {
+        SheetExport::exportWithDialog(&window_, template_, settings_.language, &exportOptions_);
+    });
+    connect(&window_, &MainWindow::thumbnailRequested, this, [this] {
+        SheetExport::saveThumbnailWithDialog(&window_, template_, settings_.language);
+    });
     connect(&window_, &MainWindow::aboutRequested, this, [this] {
         QMessageBox::about(&window_, Message(settings_.language, 7),
                            Message(settings_.language, 6));
@@ -260,6 +271,15 @@ void Application::chooseLanguage(Language language) {
         setStatus(error);
     easy_.setLanguage(language);
     translate();
+}
+
+// The properties dialog edits the header; its default folder is the working folder.
+void Application::editProperties() {
+    if (!PlantForm::edit(&window_, template_, windows_, catalogue_, settings_.language,
+                         &actionState_.WorkingFolder))
+        return;
+    editor_->refresh();
+    document_->refreshTitle();
 }
 
 // The virtual tablet shows the pupil's sheet: the Areas without the editor's marks.

@@ -9,7 +9,9 @@
 #include "app/TargetTracker.h"
 #include "app/VirtualTablet.h"
 #include "devices/EasyTablet.h"
+#include "editor/MacroCatalogue.h"
 #include "editor/widgets/EditorController.h"
+#include "editor/widgets/SheetExport.h"
 #include "platform/NoAudio.h"
 #include "platform/NoRegistry.h"
 #include "platform/Settings.h"
@@ -65,6 +67,7 @@ private:
     void translate();
     void chooseLanguage(Language language);
     void refreshVirtualTablet();
+    void editProperties();
     void activateTarget();
     QString targetTitle() const;
     bool isOwnWindow(WindowId window) const;
@@ -79,6 +82,8 @@ private:
     Settings settings_;
     Template template_;
     ActionState actionState_;
+    MacroCatalogue catalogue_;
+    SheetExportOptions exportOptions_;
     bool devicePresent_ = false;
     bool tabletActive_ = false;
     QString portName_;

@@ -68,10 +68,7 @@ void MainWindow::buildMenus() {
     buildFilesMenu();
     buildAreaMenu();
     buildPageMenu();
-    template_ = addCaptionedMenu(QStringLiteral("&Plantilla"));
-    sound_ = addCaptioned(template_, QStringLiteral("&So actiu"));
-    sound_->setCheckable(true);
-    connect(sound_, &QAction::toggled, this, &MainWindow::soundToggled);
+    buildTemplateMenus();
     buildViewMenu();
     buildOptionsMenu();
     QMenu* help = addCaptionedMenu(QStringLiteral("&Ajuda"));
@@ -132,6 +129,20 @@ void MainWindow::buildPageMenu() {
     setCaption(models, QStringLiteral("Models de pagina"));
     editor_.savePageModel = addCaptioned(models, QStringLiteral("&Desar"));
     editor_.pastePageModel = addCaptioned(models, QStringLiteral("En&ganxar"));
+}
+
+void MainWindow::buildTemplateMenus() {
+    template_ = addCaptionedMenu(QStringLiteral("&Plantilla"));
+    connect(addCaptioned(template_, QStringLiteral("&Dades inicials")), &QAction::triggered, this,
+            &MainWindow::propertiesRequested);
+    sound_ = addCaptioned(template_, QStringLiteral("&So actiu"));
+    sound_->setCheckable(true);
+    connect(sound_, &QAction::toggled, this, &MainWindow::soundToggled);
+    QMenu* sheet = addCaptionedMenu(QStringLiteral("&Làmina"));
+    connect(addCaptioned(sheet, QStringLiteral("Desar &làmina"), QKeySequence::Print),
+            &QAction::triggered, this, &MainWindow::exportSheetRequested);
+    connect(addCaptioned(sheet, QStringLiteral("Desar mini-làmina")), &QAction::triggered, this,
+            &MainWindow::thumbnailRequested);
 }
 
 void MainWindow::buildViewMenu() {

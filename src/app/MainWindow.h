@@ -59,6 +59,9 @@ signals:
     void activateTargetRequested();
     void tabletButtonClicked();
     void aboutRequested();
+    void propertiesRequested();
+    void exportSheetRequested();
+    void thumbnailRequested();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -70,6 +73,7 @@ private:
     void buildFilesMenu();
     void buildAreaMenu();
     void buildPageMenu();
+    void buildTemplateMenus();
     void buildViewMenu();
     void buildOptionsMenu();
     void buildToolBar();

@@ -1,4 +1,5 @@
 #include "EditorFixture.h"
+#include "editor/MacroCatalogue.h"
 #include "editor/widgets/GridDialog.h"
 
 #include <QAction>
@@ -224,6 +225,45 @@ TEST_F(EditorWindowTest, InsertAMouseCommandFromTheMenu) {
     EXPECT_EQ(ran, QStringList{QStringLiteral("hola{|Mouse CE}{|Mouse M 15 y }")});
     actions().undo->trigger();
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola")) << "the typing is one step";
+}
+
+QAction* actionNamed(QMenu* menu, const QString& text) {
+    for (QAction* action : menu->actions())
+        if (action->text() == text)
+            return action;
+    return nullptr;
+}
+
+TEST_F(EditorWindowTest, TheCataloguesProgramsAndMacrosAreOffered) {
+    const MacroCatalogue catalogue = MacroCatalogue::parse(QStringLiteral(
+        "[Programes]\nCalculadora=gnome-calculator\n[Macros: Memòria]\nDir la memòria={|RM }\n"));
+    editor.setCatalogue(&catalogue);
+    clickOnSheet({80, 80});
+    ActionTextEdit* text = window.panel()->actionText();
+    text->selectAll();
+    CommandMenu* commands = window.panel()->commands();
+    QAction* programs = actionNamed(commands, QStringLiteral("Executar programes"));
+    ASSERT_NE(programs, nullptr);
+    ASSERT_NE(programs->menu(), nullptr) << "a submenu once the catalogue has programs";
+    EXPECT_EQ(programs->menu()->actions().value(0)->text(), QStringLiteral(">>> ALTRES"));
+    actionNamed(programs->menu(), QStringLiteral("Calculadora"))->trigger();
+    EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("{|Executa gnome-calculator}"));
+    QAction* macros = actionNamed(commands, QStringLiteral("Carregar macros"));
+    ASSERT_NE(macros, nullptr);
+    QAction* group = actionNamed(macros->menu(), QStringLiteral("Memòria"));
+    ASSERT_NE(group, nullptr);
+    actionNamed(group->menu(), QStringLiteral("Dir la memòria"))->trigger();
+    EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("{|Executa gnome-calculator}{|RM }"));
+
+    switchLanguage(Language::Spanish);
+    programs = actionNamed(commands, QStringLiteral("Ejecutar programas"));
+    ASSERT_NE(programs, nullptr);
+    EXPECT_EQ(programs->menu()->actions().value(0)->text(), QStringLiteral(">>> OTROS"));
+    int shown = 0;
+    for (QAction* action : commands->actions())
+        shown += action->isVisible() && (action->text() == QStringLiteral("Cargar macros") ||
+                                         action->text() == QStringLiteral("Ejecutar programas"));
+    EXPECT_EQ(shown, 2) << "rebuilt, not added again";
 }
 
 TEST_F(EditorWindowTest, TheEnterKeyTypesItsNotation) {

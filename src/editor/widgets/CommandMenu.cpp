@@ -36,6 +36,56 @@ QMenu* CommandMenu::submenu(const QStringList& captions, Language language) {
     return menu;
 }
 
+void CommandMenu::addEntries(QMenu* menu, const QList<CatalogueEntry>& entries,
+                             const std::function<QString(const CatalogueEntry&)>& textOf) {
+    QHash<QString, QMenu*> groups;
+    for (const CatalogueEntry& entry : entries) {
+        QMenu* target = menu;
+        if (!entry.group.isEmpty()) {
+            target = groups.value(entry.group);
+            if (!target) {
+                target = menu->addMenu(entry.group);
+                groups.insert(entry.group, target);
+            }
+        }
+        const QString text = textOf(entry);
+        QAction* action = target->addAction(entry.name);
+        action->setToolTip(text);
+        connect(action, &QAction::triggered, this, [this, text] { emit textChosen(text); });
+    }
+}
+
+void CommandMenu::setCatalogue(const MacroCatalogue& catalogue, Language language) {
+    delete programs_;
+    delete macros_;
+    delete macrosSeparator_;
+    programs_ = nullptr;
+    macros_ = nullptr;
+    macrosSeparator_ = nullptr;
+    QAction* browse = actionFor({QStringLiteral("Executar programes")});
+    browse->setVisible(catalogue.programs().isEmpty());
+    if (!catalogue.programs().isEmpty()) {
+        programs_ = new QMenu(this);
+        setCaption(programs_, QStringLiteral("Executar programes"), language);
+        insertMenu(browse, programs_);
+        QAction* other = programs_->addAction(Message(language, 12));
+        connect(other, &QAction::triggered, browse, &QAction::trigger);
+        programs_->addSeparator();
+        addEntries(programs_, catalogue.programs(), [](const CatalogueEntry& entry) {
+            return MacroCatalogue::executeBlock(entry.text);
+        });
+    }
+    if (!catalogue.macros().isEmpty()) {
+        macros_ = new QMenu(this);
+        setCaption(macros_, QStringLiteral("Carregar macros"), language);
+        QAction* first = actions().value(0);
+        insertMenu(first, macros_);
+        macrosSeparator_ = insertSeparator(first);
+        addEntries(macros_, catalogue.macros(),
+                   [](const CatalogueEntry& entry) { return entry.text; });
+    }
+}
+
 QAction* CommandMenu::actionFor(const QStringList& menuPath) const {
     const QString key = keyOf(menuPath);
     for (QAction* action : findChildren<QAction*>())

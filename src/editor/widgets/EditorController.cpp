@@ -49,6 +49,7 @@ void EditorController::wirePanel() {
             context_.runActionText(text);
     });
     connect(panel.commands(), &CommandMenu::commandChosen, this, &EditorController::insertCommand);
+    connect(panel.commands(), &CommandMenu::textChosen, this, &EditorController::insertText);
     connect(&views_.frame, &PageFrame::confirmed, this, &EditorController::confirmPageFrame);
     connect(&views_.frame, &PageFrame::cancelled, &views_.frame, &PageFrame::hide);
 }
@@ -92,8 +93,15 @@ void EditorController::refresh() {
     areas_.reset();
 }
 
+void EditorController::setCatalogue(const MacroCatalogue* catalogue) {
+    catalogue_ = catalogue;
+    if (catalogue_)
+        views_.panel.commands()->setCatalogue(*catalogue_, context_.language());
+}
+
 void EditorController::retranslate() {
     views_.frame.setLanguage(context_.language());
+    setCatalogue(catalogue_);
     showTemplate();
 }
 
@@ -271,6 +279,14 @@ void EditorController::insertCommand(const CommandEntry& entry) {
         fileName = storedFileName(chosen, context_.workingFolder(), entry.file);
     }
     views_.panel.actionText()->insertCommand(commandText(entry, fileName), entry.placeholder);
+}
+
+void EditorController::insertText(const QString& text) {
+    if (!areas_.selected()) {
+        context_.beep();
+        return;
+    }
+    views_.panel.actionText()->insertCommand(text);
 }
 
 } // namespace mervak

@@ -64,6 +64,11 @@ public:
 
     // Runs a command menu entry: file commands ask for their file first.
     void insertCommand(const CommandEntry& entry);
+    // Inserts text into the selected Area's ActionText at the cursor.
+    void insertText(const QString& text);
+
+    // The programs and macros the command menu offers; kept by the caller.
+    void setCatalogue(const MacroCatalogue* catalogue);
 
     // What the sheet shows, for other views of it: the current page's Areas
     // and the sheet image (read again only when its name or file changed).
@@ -92,6 +97,7 @@ private:
     PageEditor pages_;
     SheetInteraction interaction_;
     EditorActions actions_;
+    const MacroCatalogue* catalogue_ = nullptr;
     QString picturePath_;
     QImage picture_;
     int gridColumns_ = 2;
