@@ -2,6 +2,7 @@
 
 #include "ActionOptions.h"
 #include "CliText.h"
+#include "SelectionWatch.h"
 #include "action/ActionRunner.h"
 #include "action/dryrun/DryRunPlatform.h"
 #include "platform/NoAudio.h"
@@ -18,7 +19,6 @@
 #include <QGuiApplication>
 #include <QTextStream>
 #include <QTimer>
-#include <algorithm>
 #include <cstdio>
 #include <functional>
 
@@ -26,9 +26,11 @@ namespace mervak::cli {
 
 namespace {
 
-// After a paste the target asks this process for the clipboard's content; the
-// content goes when the process ends, so it waits this long before ending.
-constexpr int kPasteServeMs = 1500;
+// After a paste the target asks this process for the clipboard's content, which
+// goes when the process ends: it stays until the target has asked and then been
+// quiet for kPasteQuietMs, or kPasteServeMs in all.
+constexpr int kPasteQuietMs = 200;
+constexpr int kPasteServeMs = 5000;
 // Ending clears the spare keycodes this process mapped. A client that has not yet
 // read its last keys would then read them with the cleared map and lose them, and
 // nothing tells when it has read them: a busy machine delays it, so the process
@@ -108,6 +110,7 @@ int realRun(int argc, char** argv, const ActionOptions& options) {
     // The keys go to X11, so the clipboard must be X11's too, whatever Qt would pick.
     qputenv("QT_QPA_PLATFORM", "xcb");
     QGuiApplication app(argc, argv);
+    SelectionWatch selection;
     X11Keyboard keyboard(connection);
     keyboard.setKeyDelayMs(options.keyDelayMs);
     X11WindowSystem windows(connection);
@@ -128,12 +131,12 @@ int realRun(int argc, char** argv, const ActionOptions& options) {
         options, [&pasted](ActionRunner& runner) {
             QObject::connect(&runner, &ActionRunner::pasteStarted, [&pasted] { pasted = true; });
         });
-    const int lingerMs =
-        std::max(pasted ? kPasteServeMs : 0, keyboard.keymapChanges() > 0 ? kKeymapKeepMs : 0);
-    if (lingerMs > 0) {
-        QEventLoop lingering;
-        QTimer::singleShot(lingerMs, &lingering, &QEventLoop::quit);
-        lingering.exec();
+    if (pasted)
+        selection.serve(kPasteQuietMs, kPasteServeMs);
+    if (keyboard.keymapChanges() > 0) {
+        QEventLoop keeping;
+        QTimer::singleShot(kKeymapKeepMs, &keeping, &QEventLoop::quit);
+        keeping.exec();
     }
     return problems > 0 ? kFailure : kSuccess;
 }
