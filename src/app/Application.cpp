@@ -206,8 +206,11 @@ void Application::wireWindow() {
         SheetExport::saveThumbnailWithDialog(&window_, template_, settings_.language);
     });
     connect(&window_, &MainWindow::aboutRequested, this, [this] {
-        QMessageBox::about(&window_, Message(settings_.language, 7),
-                           Message(settings_.language, 6));
+        QMessageBox box(QMessageBox::Information, Message(settings_.language, 7),
+                        Message(settings_.language, 6), QMessageBox::NoButton, &window_);
+        box.addButton(TranslateCaption(settings_.language, QStringLiteral("Acceptar")),
+                      QMessageBox::AcceptRole);
+        box.exec();
     });
     connect(&virtualTablet_, &VirtualTablet::pressed, dispatcher_.get(),
             &PressDispatcher::setVirtualPress);
@@ -275,9 +278,11 @@ void Application::chooseLanguage(Language language) {
 
 // The properties dialog edits the header; its default folder is the working folder.
 void Application::editProperties() {
+    const Template before = template_;
     if (!PlantForm::edit(&window_, template_, windows_, catalogue_, settings_.language,
                          &actionState_.WorkingFolder))
         return;
+    editor_->keepForUndo(before);
     editor_->refresh();
     document_->refreshTitle();
 }

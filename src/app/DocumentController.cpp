@@ -4,6 +4,7 @@
 #include "platform/Settings.h"
 #include "template/TemplateFile.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace mervak {
@@ -12,6 +13,15 @@ namespace {
 
 const QString kTemplateTitle = QStringLiteral("Carregar el fitxer de plantilla");
 const QString kSaveTitle = QStringLiteral("Enregistrar el fitxer de plantilla");
+
+// The name the save dialog offers: the file's own, except that "Desar" never
+// offers to write the ".mvw" layout over an imported ".mvd".
+QString saveName(const Template& t, bool saveAs) {
+    const QFileInfo file(t.TemplateFileName);
+    if (saveAs || file.suffix().toUpper() == QLatin1String("MVW"))
+        return t.TemplateFileName;
+    return file.dir().filePath(file.completeBaseName() + QStringLiteral(".mvw"));
+}
 
 } // namespace
 
@@ -121,7 +131,7 @@ bool DocumentController::saveWithDialog(bool saveAs) {
                : QList<FileFilter>{
                      {QStringLiteral("Teclat pantalla Windows"), {QStringLiteral("*.mvw")}}};
     int filter = 0;
-    const QString start = t.isUntitled() ? context_.workingFolder : t.TemplateFileName;
+    const QString start = t.isUntitled() ? context_.workingFolder : saveName(t, saveAs);
     QString path =
         chooseFileToSave(&window_, context_.language(), kSaveTitle, filters, start,
                          saveAs ? QStringLiteral("MVW") : QStringLiteral("mvw"), &filter);
@@ -136,6 +146,7 @@ bool DocumentController::saveWithDialog(bool saveAs) {
     refreshTitle();
     if (outcome.error)
         return false;
+    context_.workingFolder = QFileInfo(context_.tmpl.TemplateFileName).absolutePath();
     remember(context_.tmpl.TemplateFileName);
     context_.templateReplaced();
     return true;

@@ -93,6 +93,23 @@ TEST_F(DocumentControllerTest, YesSavesFirstThroughTheSaveDialog) {
     EXPECT_EQ(document.title(), QStringLiteral("Mervak - ") + path);
 }
 
+TEST_F(DocumentControllerTest, SavingAnImportOffersTheMvwName) {
+    tmpl.Modified = false;
+    const QString mvd = QDir(home.path()).filePath(QStringLiteral("VELL.MVD"));
+    ASSERT_TRUE(QFile::copy(test::dataPath(QStringLiteral("template/golden.mvd")), mvd));
+    ASSERT_TRUE(document.open(mvd));
+    whenModal(
+        [](QWidget* modal) {
+            auto* dialog = qobject_cast<QFileDialog*>(modal);
+            ASSERT_NE(dialog, nullptr);
+            EXPECT_EQ(QFileInfo(dialog->selectedFiles().value(0)).fileName(),
+                      QStringLiteral("VELL.mvw"));
+            dialog->reject();
+        },
+        [this] { EXPECT_FALSE(document.save()); });
+    EXPECT_EQ(tmpl.TemplateFileName, mvd);
+}
+
 TEST_F(DocumentControllerTest, AnUnchangedTemplateIsReplacedWithoutAsking) {
     tmpl.Modified = false;
     document.newTemplate();

@@ -1,17 +1,19 @@
 #include "EditorFixture.h"
 
+#include "action/SendKeysParser.h"
+
 #include <QMouseEvent>
 
 namespace mervak::test {
 
 EditorFixture::EditorFixture()
     : workingFolder(home.path()),
-      editor(EditorController::Context{tmpl, home.path(), [this] { return language; },
-                                       [this] { return workingFolder; },
-                                       [] { return QStringLiteral("EASY"); }, [this] { ++beeps; },
-                                       [this](const QString& text) { ran.append(text); },
-                                       [](const QString& text) { return text; },
-                                       [this](const QString& text) { status = text; }},
+      editor(EditorController::Context{
+                 tmpl, home.path(), [this] { return language; }, [this] { return workingFolder; },
+                 [] { return QStringLiteral("EASY"); }, [this] { ++beeps; },
+                 [this](const QString& text) { ran.append(text); },
+                 [](const QString& text) { return SendKeysParser::PlainKeys(text); },
+                 [this](const QString& text) { status = text; }},
              EditorController::Views{window, *window.sheetPane(), *window.panel(),
                                      *window.pageFrame()}),
       document(DocumentController::Context{

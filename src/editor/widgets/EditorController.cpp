@@ -89,6 +89,11 @@ void EditorController::bindActions(const EditorActions& actions) {
     showTemplate();
 }
 
+void EditorController::keepForUndo(const Template& before) {
+    if (auto error = snapshot_.take(before))
+        context_.showStatus(error->text(context_.language()));
+}
+
 void EditorController::refresh() {
     areas_.reset();
 }

@@ -47,6 +47,10 @@ public:
     // Connects the editor's menu entries to its commands.
     void bindActions(const EditorActions& actions);
 
+    // Makes `before` the state "&Desfer" goes back to, after a change made
+    // elsewhere (the properties dialog).
+    void keepForUndo(const Template& before);
+
     // Shows the Template again after it was replaced or changed elsewhere.
     void refresh();
     void retranslate();
