@@ -13,11 +13,14 @@ QString keyOf(const QStringList& captions) {
 } // namespace
 
 CommandMenu::CommandMenu(Language language, QWidget* parent) : QMenu(parent) {
+    setToolTipsVisible(true);
     for (const CommandEntry& entry : commandEntries()) {
         QMenu* menu = submenu(entry.menuPath.mid(0, entry.menuPath.size() - 1), language);
         QAction* action = menu->addAction(QString());
         setCaption(action, entry.menuPath.last(), language);
         action->setData(keyOf(entry.menuPath));
+        // The notation it inserts, so that the menu also teaches it.
+        action->setToolTip(commandText(entry, QStringLiteral("...")));
         const CommandEntry* chosen = &entry;
         connect(action, &QAction::triggered, this, [this, chosen] { emit commandChosen(*chosen); });
     }
@@ -31,6 +34,7 @@ QMenu* CommandMenu::submenu(const QStringList& captions, Language language) {
         return known;
     QMenu* parentMenu = submenu(captions.mid(0, captions.size() - 1), language);
     QMenu* menu = parentMenu->addMenu(QString());
+    menu->setToolTipsVisible(true);
     setCaption(menu, captions.last(), language);
     submenus_.insert(key, menu);
     return menu;
@@ -45,6 +49,7 @@ void CommandMenu::addEntries(QMenu* menu, const QList<CatalogueEntry>& entries,
             target = groups.value(entry.group);
             if (!target) {
                 target = menu->addMenu(entry.group);
+                target->setToolTipsVisible(true);
                 groups.insert(entry.group, target);
             }
         }
@@ -66,6 +71,7 @@ void CommandMenu::setCatalogue(const MacroCatalogue& catalogue, Language languag
     browse->setVisible(catalogue.programs().isEmpty());
     if (!catalogue.programs().isEmpty()) {
         programs_ = new QMenu(this);
+        programs_->setToolTipsVisible(true);
         setCaption(programs_, QStringLiteral("Executar programes"), language);
         insertMenu(browse, programs_);
         QAction* other = programs_->addAction(Message(language, 12));
@@ -77,6 +83,7 @@ void CommandMenu::setCatalogue(const MacroCatalogue& catalogue, Language languag
     }
     if (!catalogue.macros().isEmpty()) {
         macros_ = new QMenu(this);
+        macros_->setToolTipsVisible(true);
         setCaption(macros_, QStringLiteral("Carregar macros"), language);
         QAction* first = actions().value(0);
         insertMenu(first, macros_);
