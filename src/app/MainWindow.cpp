@@ -132,10 +132,10 @@ void MainWindow::buildPageMenu() {
 }
 
 void MainWindow::buildTemplateMenus() {
-    template_ = addCaptionedMenu(QStringLiteral("&Plantilla"));
-    connect(addCaptioned(template_, QStringLiteral("&Dades inicials")), &QAction::triggered, this,
+    QMenu* plantilla = addCaptionedMenu(QStringLiteral("&Plantilla"));
+    connect(addCaptioned(plantilla, QStringLiteral("&Dades inicials")), &QAction::triggered, this,
             &MainWindow::propertiesRequested);
-    sound_ = addCaptioned(template_, QStringLiteral("&So actiu"));
+    sound_ = addCaptioned(plantilla, QStringLiteral("&So actiu"));
     sound_->setCheckable(true);
     connect(sound_, &QAction::toggled, this, &MainWindow::soundToggled);
     QMenu* sheet = addCaptionedMenu(QStringLiteral("&Làmina"));

@@ -30,7 +30,6 @@ public:
     PageFrame* pageFrame() const { return frame_; }
     const EditorActions& editorActions() const { return editor_; }
     QMenu* filesMenu() const { return files_; }
-    QMenu* templateMenu() const { return template_; }
 
     // Shows every caption in the language, from its Catalan form.
     void translate(Language language);
@@ -88,7 +87,6 @@ private:
     EditorActions editor_;
     QMenu* files_ = nullptr;
     QMenu* recent_ = nullptr;
-    QMenu* template_ = nullptr;
     QToolButton* tabletButton_ = nullptr;
     QLabel* modelPicture_ = nullptr;
     QLabel* tabletCaption_ = nullptr; // MsgTaulAct

@@ -160,10 +160,6 @@ void EditorController::setDrawMode(bool on) {
     interaction_.setDrawMode(on);
 }
 
-void EditorController::deleteArea() {
-    areas_.deleteArea();
-}
-
 void EditorController::subdivide() {
     const Area* area = areas_.selected();
     if (!area) {

@@ -56,7 +56,6 @@ public:
     void retranslate();
 
     void setDrawMode(bool on);
-    void deleteArea();
     void subdivide();
     void undo();
     void previousPage();

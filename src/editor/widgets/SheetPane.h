@@ -33,7 +33,6 @@ public:
     void zoomIn();
     void zoomOut();
     void zoomToFit();
-    double zoom() const { return zoom_; }
     bool fitsWhole() const { return zoom_ == 1.0; }
 
 signals:
