@@ -101,6 +101,7 @@ void Application::readConfiguration() {
         MacroCatalogue::locate(homeFolder_, QApplication::applicationDirPath()));
     editor_->setCatalogue(&catalogue_);
     easy_.setLanguage(settings_.language);
+    runner_->setLanguage(settings_.language);
     easy_.setRetardPort(settings_.retardPort);
     translate();
     window_.setModelPicture(QPixmap(modelPicture(settings_.model)));
@@ -232,6 +233,8 @@ void Application::wireWindow() {
             dispatcher_->deviceReadingArrived(EasyDeviceSource::reading(position));
     });
     connect(&easy_, &EasyTablet::statusMessage, this, &Application::setStatus);
+    // A lost tablet must not go on saying it is active.
+    connect(&easy_, &EasyTablet::portClosed, this, [this] { SetTabletActive(false); });
     connect(&easy_, &EasyTablet::beepRequested, this, [] { QApplication::beep(); });
 }
 
@@ -273,6 +276,7 @@ void Application::chooseLanguage(Language language) {
     if (!writeLanguage(PrivateProfile(settingsFilePath(homeFolder_)), language, &error))
         setStatus(error);
     easy_.setLanguage(language);
+    runner_->setLanguage(language);
     translate();
 }
 

@@ -1,6 +1,5 @@
 #include "platform/TextEncoding.h"
 
-#include <QHash>
 #include <array>
 
 namespace mervak {
@@ -13,16 +12,14 @@ constexpr std::array<char16_t, 32> kHighControls = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-const QHash<char16_t, char>& reverseTable() {
-    static const QHash<char16_t, char> table = [] {
-        QHash<char16_t, char> t;
-        for (int i = 0; i < 256; ++i) {
-            const char16_t unit = (i >= 0x80 && i < 0xA0) ? kHighControls[i - 0x80] : char16_t(i);
-            t.insert(unit, static_cast<char>(i));
-        }
-        return t;
-    }();
-    return table;
+// The byte of a character in the code page, or -1 when it has none.
+int windows1252Byte(char16_t unit) {
+    if (unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF))
+        return unit;
+    for (std::size_t i = 0; i < kHighControls.size(); ++i)
+        if (kHighControls[i] == unit)
+            return static_cast<int>(0x80 + i);
+    return -1;
 }
 
 // Length of the UTF-8 sequence led by `lead`, or 0 when it cannot lead one.
@@ -63,17 +60,17 @@ QString fromWindows1252(const QByteArray& bytes) {
 }
 
 QByteArray toWindows1252(const QString& text) {
-    const auto& table = reverseTable();
     QByteArray bytes(text.size(), Qt::Uninitialized);
-    for (qsizetype i = 0; i < text.size(); ++i)
-        bytes[i] = table.value(text[i].unicode(), '?');
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const int byte = windows1252Byte(text[i].unicode());
+        bytes[i] = byte < 0 ? '?' : static_cast<char>(byte);
+    }
     return bytes;
 }
 
 bool fitsWindows1252(const QString& text) {
-    const auto& table = reverseTable();
     for (QChar c : text)
-        if (c.unicode() >= 0x80 && !table.contains(c.unicode()))
+        if (windows1252Byte(c.unicode()) < 0)
             return false;
     return true;
 }
@@ -101,8 +98,13 @@ DecodedText decodeFileText(const QByteArray& bytes) {
     return {fromWindows1252(bytes), FileEncoding::Windows1252};
 }
 
+// Legacy bytes that happen to form UTF-8 ("Ã§") would read back as other text,
+// so such a text is written as UTF-8 instead.
 QByteArray encodeFileText(const QString& text) {
-    return fitsWindows1252(text) ? toWindows1252(text) : text.toUtf8();
+    if (!fitsWindows1252(text))
+        return text.toUtf8();
+    QByteArray legacy = toWindows1252(text);
+    return looksLikeUtf8(legacy) ? text.toUtf8() : legacy;
 }
 
 QByteArray encodeFileText(const QString& text, FileEncoding preferred) {

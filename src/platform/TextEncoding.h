@@ -27,7 +27,8 @@ struct DecodedText {
 
 DecodedText decodeFileText(const QByteArray& bytes);
 
-// Windows-1252 when every character fits, else UTF-8.
+// Windows-1252 when every character fits and the bytes cannot be mistaken for
+// UTF-8 on reading, else UTF-8.
 QByteArray encodeFileText(const QString& text);
 QByteArray encodeFileText(const QString& text, FileEncoding preferred);
 

@@ -41,10 +41,7 @@ void FieldWriter::writeBare(const QString& value) {
 }
 
 QByteArray FieldWriter::bytes() const {
-    if (!fitsWindows1252(m_text))
-        return m_text.toUtf8();
-    QByteArray legacy = toWindows1252(m_text);
-    return looksLikeUtf8(legacy) ? m_text.toUtf8() : legacy;
+    return encodeFileText(m_text);
 }
 
 void FieldWriter::endLine() {

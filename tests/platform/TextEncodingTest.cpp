@@ -53,5 +53,11 @@ TEST(FileText, WritesWindows1252WhenEveryCharacterFits) {
     EXPECT_EQ(encodeFileText(QStringLiteral("ç"), FileEncoding::Utf8), QByteArray("\xc3\xa7"));
 }
 
+TEST(FileText, EveryTextReadsBackAsWritten) {
+    for (const QString& text : {QStringLiteral("Ã§"), QStringLiteral("plaç"), QStringLiteral("Â¶x"),
+                                QStringLiteral("abc"), QStringLiteral("€ ŀ")})
+        EXPECT_EQ(decodeFileText(encodeFileText(text)).text, text) << text;
+}
+
 } // namespace
 } // namespace mervak

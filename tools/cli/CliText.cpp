@@ -103,6 +103,8 @@ QString generalHelp() {
         "  page-insert FITXER PÀGINA MODEL (--before|--after) [--output SORTIDA]\n"
         "  page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
         "  page-delete FITXER PÀGINA [--output SORTIDA]\n"
+        "  action TEXT [--dry-run]  executa un ActionText (escriu a la finestra de destinació\n"
+        "                           o, amb --dry-run, llista els efectes en JSON)\n"
         "\n"
         "mervak-cli ORDRE --help dóna l'ajuda de cada ordre.\n"
         "Estat de sortida: 0 correcte; 1 un fitxer no s'ha pogut llegir o escriure;\n"

@@ -12,6 +12,8 @@ received="$work/received.txt"
 cp "$source/data/demo/demo.mvw" "$source/data/demo/demo.png" "$work/"
 
 xterm -T "Mervak demo" -geometry 40x8+700+40 -e sh -c "stty -icanon -echo min 1; exec tee '$received'" &
+# Mervak looks for its target when it starts: the terminal must be up by then.
+for _ in $(seq 300); do xdotool search --name "^Mervak demo$" >/dev/null 2>&1 && break; sleep 0.05; done
 coproc SIM { "$bin/mervak-tablet-sim" "wait 1500; press 30 90 3 20; lift; wait 700;
   press 90 90 3 20; lift; wait 700; press 30 30 3 20; lift; wait 700;
   press 90 30 3 20; lift; wait 700; press 90 30 3 20; lift; wait 700;

@@ -25,8 +25,9 @@ wait_for_window() {
 }
 main=$(wait_for_window "^Mervak - ")
 terminal=$(wait_for_window "^Mervak demo$")
-sleep 1
 # Without a tablet a message box says so; close it, then show the virtual tablet.
+box=$(wait_for_window "^MERVAK$")
+xdotool windowactivate --sync "$box"
 xdotool key --clearmodifiers Return
 xdotool windowactivate --sync "$main"
 xdotool key --clearmodifiers F12
