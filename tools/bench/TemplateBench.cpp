@@ -1,3 +1,4 @@
+#include "template/AreaHitTest.h"
 #include "template/MvwReader.h"
 #include "template/MvwWriter.h"
 #include "template/TemplateFile.h"
@@ -104,7 +105,19 @@ void sizes(benchmark::internal::Benchmark* b) {
     b->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
 }
 
+// The worst case of the hit test: every Area on the current page and a point that
+// misses them all, so the whole array is scanned.
+void FindAreaMiss(benchmark::State& state) {
+    Template t = largeTemplate(static_cast<int>(state.range(0)));
+    for (int i = 1; i <= t.AreaCount(); ++i)
+        t.area(static_cast<int16_t>(i)).Page = 1;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(FindArea(t, 120, 120));
+    state.SetComplexityN(state.range(0));
+}
+
 BENCHMARK(ReadMvw)->Apply(sizes);
+BENCHMARK(FindAreaMiss)->Apply(sizes);
 BENCHMARK(WriteMvw)->Apply(sizes);
 BENCHMARK(OpenFile)->Apply(sizes);
 BENCHMARK(SaveFile)->Apply(sizes);
