@@ -4,6 +4,7 @@
 #include "app/MainWindow.h"
 #include "editor/widgets/Captions.h"
 #include "editor/widgets/EditorController.h"
+#include "support/TestAreas.h"
 
 #include <QApplication>
 #include <QDir>
@@ -48,8 +49,5 @@ protected:
     EditorController editor;
     DocumentController document;
 };
-
-Area makeArea(int16_t x0, int16_t y0, int16_t x1, int16_t y1, int16_t page,
-              const QString& text = {});
 
 } // namespace mervak::test

@@ -2,6 +2,7 @@
 
 #include "app/EasyDeviceSource.h"
 #include "support/FakeClipboard.h"
+#include "support/TestAreas.h"
 #include "support/TestFiles.h"
 
 #include <QSignalSpy>
@@ -32,25 +33,14 @@ DeviceReading lifted() {
     return {false, 0, 0};
 }
 
-Area area(int16_t x0, int16_t y0, int16_t x1, int16_t y1, const QString& text, int16_t page = 1) {
-    Area a;
-    a.X0 = x0;
-    a.Y0 = y0;
-    a.X1 = x1;
-    a.Y1 = y1;
-    a.Page = page;
-    a.ActionText = text;
-    return a;
-}
-
 class PressDispatcherTest : public ::testing::Test {
 protected:
     void SetUp() override {
         tmpl.PageCount = 2;
-        tmpl.AppendArea(area(10, 10, 50, 50, "A"));
-        tmpl.AppendArea(area(40, 40, 80, 80, "B"));
-        tmpl.AppendArea(area(10, 10, 50, 50, "other page", 2));
-        tmpl.AppendArea(area(100, 100, 90, 90, "reversed"));
+        tmpl.AppendArea(test::makeArea(10, 10, 50, 50, 1, "A"));
+        tmpl.AppendArea(test::makeArea(40, 40, 80, 80, 1, "B"));
+        tmpl.AppendArea(test::makeArea(10, 10, 50, 50, 2, "other page"));
+        tmpl.AppendArea(test::makeArea(100, 100, 90, 90, 1, "reversed"));
         dispatcher.setDevice(&device);
     }
 
@@ -105,7 +95,7 @@ TEST_F(PressDispatcherTest, AHeldPenFiresOnceUntilFiveEmptyPolls) {
 
 TEST_F(PressDispatcherTest, ZeroCoordinatesAndBadStatusAreNoPress) {
     dispatcher.setDevicePresent(true);
-    tmpl.AppendArea(area(0, 0, 5, 5, "corner"));
+    tmpl.AppendArea(test::makeArea(0, 0, 5, 5, 1, "corner"));
     poll({{true, 0, 3}, {true, 3, 0}, {false, 3, 3}, {true, 3, 3}});
     EXPECT_EQ(fired, QStringList{"corner"});
 }

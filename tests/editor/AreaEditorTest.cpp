@@ -1,5 +1,7 @@
 #include "editor/AreaEditor.h"
 
+#include "support/TestAreas.h"
+
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -7,14 +9,7 @@ namespace mervak {
 namespace {
 
 Area area(int16_t x0, int16_t y0, int16_t x1, int16_t y1, int16_t page, const char* text = "") {
-    Area a;
-    a.X0 = x0;
-    a.Y0 = y0;
-    a.X1 = x1;
-    a.Y1 = y1;
-    a.Page = page;
-    a.ActionText = QString::fromUtf8(text);
-    return a;
+    return test::makeArea(x0, y0, x1, y1, page, QString::fromUtf8(text));
 }
 
 SheetRect rectAt(const Template& t, int16_t index) {
