@@ -40,8 +40,7 @@ QString modelPicture(const QString& model) {
 
 Application::Application(const QStringList& arguments, const QString& homeFolder)
     : arguments_(arguments), homeFolder_(homeFolder), keyboard_(x11_), pointer_(x11_),
-      windows_(x11_), sound_(QStringLiteral("No hi ha sortida de so: ")), easy_(makeQtSerialLink),
-      easySource_(easy_),
+      windows_(x11_), sound_(QStringLiteral("No hi ha sortida de so: ")), recovery_(homeFolder),
       targetTracker_(windows_, [this](WindowId window) { return isOwnWindow(window); }) {
     actionState_.WorkingFolder = homeFolder_;
     const ActionPlatform platform{keyboard_, windows_, pointer_, clipboard_, launcher_,
@@ -51,8 +50,9 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
     dispatcher_ = std::make_unique<PressDispatcher>(PressDispatcher::Context{
         template_, clipboard_, [this] { return actionState_.WorkingFolder; },
         [this](const QString& text) { runner_->SendActionText(text); },
-        [] { QApplication::beep(); }, [this] { return settings_.language; }});
-    connect(&timer1_, &QTimer::timeout, dispatcher_.get(), &PressDispatcher::tick);
+        [this] { return runner_->isBusy(); }, [] { QApplication::beep(); },
+        [this] { return settings_.language; }});
+    tablet_ = std::make_unique<TabletControl>(makeQtSerialLink, *dispatcher_);
     connect(&timer2_, &QTimer::timeout, this,
             [this] { actionState_.TargetWindow = targetTracker_.tick(actionState_.TargetWindow); });
     const auto language = [this] { return settings_.language; };
@@ -74,9 +74,7 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
     wireRunner();
 }
 
-Application::~Application() {
-    easy_.stop();
-}
+Application::~Application() = default;
 
 bool Application::start() {
     // Before any file or device is touched; the language is not read yet.
@@ -89,7 +87,12 @@ bool Application::start() {
     document_->refreshTitle();
     editor_->refresh();
     window_.show();
-    startDevice();
+    if (recovery_.exists())
+        startupNotice_ =
+            TranslateCaption(settings_.language, QStringLiteral("Hi ha edicions no desades a ")) +
+            recovery_.path();
+    setStatus(startupNotice_);
+    tablet_->start(settings_);
     openFromCommandLine();
     timer2_.start(kTargetTickMs);
     return true;
@@ -100,55 +103,19 @@ void Application::readConfiguration() {
     catalogue_ = MacroCatalogue::read(
         MacroCatalogue::locate(homeFolder_, QApplication::applicationDirPath()));
     editor_->setCatalogue(&catalogue_);
-    easy_.setLanguage(settings_.language);
     runner_->setLanguage(settings_.language);
-    easy_.setRetardPort(settings_.retardPort);
     translate();
     window_.setModelPicture(QPixmap(modelPicture(settings_.model)));
-    timer1_.setInterval(settings_.interval);
 }
 
-void Application::startDevice() {
-    if (settings_.model != QLatin1String("EASY")) {
-        // The other models' drivers do not exist on this system.
-        failDeviceStart();
-        return;
-    }
-    window_.setStatusCaption(
-        TranslateCaption(settings_.language, QStringLiteral("Cercant la tauleta...")));
-    connect(&easy_, &EasyTablet::startFinished, this, &Application::onDeviceStartFinished,
-            Qt::UniqueConnection);
-    easy_.start(serialDevicePath(settings_));
-}
-
-void Application::onDeviceStartFinished(bool ok, const QString& message) {
-    if (!ok) {
-        failDeviceStart();
-        if (!message.isEmpty())
-            setStatus(message);
-        return;
-    }
-    devicePresent_ = true;
-    portName_ = settings_.portIndex != PortIndex::AutoDetect ? portCaption(settings_.portIndex)
-                                                             : easy_.portPath();
-    dispatcher_->setDevice(&easySource_);
-    dispatcher_->setDevicePresent(true);
-    window_.setStatusCaption(QString());
-    SetTabletActive(true);
-    if (openedFromCommandLine_)
+// A device present at start with a Template named on the command line leaves
+// the screen to the pupil's program.
+void Application::onDeviceStartFinished(bool present) {
+    if (present && openedFromCommandLine_)
         window_.showMinimized();
-    emit deviceStarted(true);
-}
-
-void Application::failDeviceStart() {
-    devicePresent_ = false;
-    portName_.clear();
-    dispatcher_->setDevice(&noDevice_);
-    dispatcher_->setDevicePresent(false);
-    const QString text = Message(settings_.language, 113);
-    window_.setTabletState(false, text);
-    showNotice(&window_, settings_.language, text);
-    emit deviceStarted(false);
+    if (!present)
+        showNotice(&window_, settings_.language, tablet_->caption());
+    emit deviceStarted(present);
 }
 
 void Application::openFromCommandLine() {
@@ -167,30 +134,9 @@ void Application::openFromCommandLine() {
     activateTarget();
 }
 
-void Application::SetTabletActive(bool active) {
-    tabletActive_ = active && devicePresent_;
-    window_.setTabletState(
-        tabletActive_,
-        !devicePresent_ ? QString()
-        : tabletActive_
-            ? TranslateCaption(settings_.language, QStringLiteral("Tauleta activa a ")) + portName_
-            : TranslateCaption(settings_.language, QStringLiteral("Tauleta Inactiva a ")) +
-                  portName_);
-    updateTimer1();
-}
-
-// Timer1 polls while the tablet is on, and while the virtual tablet is shown so
-// that its clicks are dispatched even without a device.
-void Application::updateTimer1() {
-    if (tabletActive_ || virtualTablet_.isVisible())
-        timer1_.start();
-    else
-        timer1_.stop();
-}
-
 void Application::wireWindow() {
-    connect(&window_, &MainWindow::tabletButtonClicked, this,
-            [this] { SetTabletActive(!tabletActive_); });
+    connect(&window_, &MainWindow::tabletButtonClicked, tablet_.get(),
+            [this] { tablet_->SetTabletActive(!tablet_->isActive()); });
     connect(&window_, &MainWindow::languageChosen, this, &Application::chooseLanguage);
     connect(&window_, &MainWindow::soundToggled, this, [this](bool on) {
         template_.SoundActive = on ? -1 : 0;
@@ -198,7 +144,7 @@ void Application::wireWindow() {
     });
     connect(&window_, &MainWindow::virtualTabletToggled, this, &Application::showVirtualTablet);
     connect(&window_, &MainWindow::activateTargetRequested, this, &Application::activateTarget);
-    connect(&window_, &MainWindow::quitRequested, this, [this] { quit(true); });
+    connect(&window_, &MainWindow::quitRequested, this, &Application::quit);
     connect(&window_, &MainWindow::propertiesRequested, this, &Application::editProperties);
     connect(&window_, &MainWindow::exportSheetRequested, this, [this] {
         SheetExport::exportWithDialog(&window_, template_, settings_.language, &exportOptions_);
@@ -216,9 +162,8 @@ void Application::wireWindow() {
     connect(&virtualTablet_, &VirtualTablet::pressed, dispatcher_.get(),
             &PressDispatcher::setVirtualPress);
     connect(&virtualTablet_, &VirtualTablet::visibilityChanged, this, [this](bool shown) {
-        dispatcher_->setVirtualTabletShown(shown);
+        tablet_->setVirtualTabletShown(shown);
         window_.setVirtualTabletChecked(shown);
-        updateTimer1();
     });
     connect(dispatcher_.get(), &PressDispatcher::virtualPressPending, &virtualTablet_,
             &VirtualTablet::showBusy);
@@ -228,14 +173,13 @@ void Application::wireWindow() {
             windows_.activate(actionState_.TargetWindow);
     });
     connect(dispatcher_.get(), &PressDispatcher::problem, this, &Application::setStatus);
-    connect(&easy_, &EasyTablet::positionArrived, this, [this](PressPoint position) {
-        if (tabletActive_)
-            dispatcher_->deviceReadingArrived(EasyDeviceSource::reading(position));
-    });
-    connect(&easy_, &EasyTablet::statusMessage, this, &Application::setStatus);
-    // A lost tablet must not go on saying it is active.
-    connect(&easy_, &EasyTablet::portClosed, this, [this] { SetTabletActive(false); });
-    connect(&easy_, &EasyTablet::beepRequested, this, [] { QApplication::beep(); });
+    connect(tablet_.get(), &TabletControl::stateChanged, &window_, &MainWindow::setTabletState);
+    connect(tablet_.get(), &TabletControl::startFinished, this,
+            &Application::onDeviceStartFinished);
+    // Once the search is over, what the start-up had to say comes back.
+    connect(tablet_.get(), &TabletControl::statusMessage, this,
+            [this](const QString& text) { setStatus(text.isEmpty() ? startupNotice_ : text); });
+    connect(tablet_.get(), &TabletControl::beepRequested, this, [] { QApplication::beep(); });
 }
 
 void Application::wireEditor() {
@@ -253,21 +197,27 @@ void Application::wireEditor() {
 
 void Application::wireRunner() {
     connect(runner_.get(), &ActionRunner::problem, this, &Application::setStatus);
+    connect(runner_.get(), &ActionRunner::busyChanged, this, [this](bool busy) {
+        if (!busy)
+            dispatcher_->actionTextsFinished();
+    });
     connect(runner_.get(), &ActionRunner::pendingPageSet, this, [this](int page) {
         actionState_.pendingPage.reset();
         editor_->areas().showPage(page);
     });
     connect(runner_.get(), &ActionRunner::openTemplateRequested, document_.get(),
             &DocumentController::openFile);
-    connect(runner_.get(), &ActionRunner::closeRequested, this, [this] { quit(false); });
+    connect(runner_.get(), &ActionRunner::closeRequested, this, &Application::closeAtOnce);
 }
 
 void Application::translate() {
+    sound_.setReason(
+        TranslateCaption(settings_.language, QStringLiteral("No hi ha sortida de so: ")));
     window_.translate(settings_.language);
     translateAllWindows(settings_.language);
     editor_->retranslate();
     document_->refreshTitle();
-    SetTabletActive(tabletActive_);
+    tablet_->setLanguage(settings_.language);
 }
 
 void Application::chooseLanguage(Language language) {
@@ -275,7 +225,6 @@ void Application::chooseLanguage(Language language) {
     QString error;
     if (!writeLanguage(PrivateProfile(settingsFilePath(homeFolder_)), language, &error))
         setStatus(error);
-    easy_.setLanguage(language);
     runner_->setLanguage(language);
     translate();
 }
@@ -339,17 +288,24 @@ void Application::setStatus(const QString& text) {
     window_.setStatusCaption(text);
 }
 
-// Quitting asks about unsaved changes first; a TANCAR command cannot be taken back.
-void Application::quit(bool canCancel) {
-    if (document_->mayDiscardChanges(canCancel))
+// Quitting asks about unsaved changes first.
+void Application::quit() {
+    if (document_->mayDiscardChanges())
         closeProgram();
+}
+
+// A TANCAR command ends the program without asking; unsaved edits are kept in
+// the recovery file, which the next start points out.
+void Application::closeAtOnce() {
+    if (const auto error = recovery_.keepUnsaved(template_))
+        qWarning("%s", qPrintable(error->text(settings_.language)));
+    closeProgram();
 }
 
 // The closing routine: the device stops, then the program ends.
 void Application::closeProgram() {
-    timer1_.stop();
     timer2_.stop();
-    easy_.stop();
+    tablet_->stop();
     virtualTablet_.hide();
     window_.closeForGood();
     QApplication::quit();

@@ -3,13 +3,13 @@
 #include "action/ActionRunner.h"
 #include "action/ActionState.h"
 #include "app/DocumentController.h"
-#include "app/EasyDeviceSource.h"
 #include "app/MainWindow.h"
-#include "app/PressDispatcher.h"
-#include "app/TargetTracker.h"
 #include "app/VirtualTablet.h"
-#include "devices/EasyTablet.h"
+#include "dispatch/PressDispatcher.h"
+#include "dispatch/TabletControl.h"
+#include "dispatch/TargetTracker.h"
 #include "editor/MacroCatalogue.h"
+#include "editor/RecoveryFile.h"
 #include "editor/widgets/EditorController.h"
 #include "editor/widgets/SheetExport.h"
 #include "platform/NoAudio.h"
@@ -54,16 +54,12 @@ signals:
 
 private:
     void readConfiguration();
-    void startDevice();
-    void onDeviceStartFinished(bool ok, const QString& message);
-    void failDeviceStart();
+    void onDeviceStartFinished(bool present);
     void openFromCommandLine();
     void wireWindow();
     void wireEditor();
     void wireRunner();
 
-    void SetTabletActive(bool active);
-    void updateTimer1();
     void translate();
     void chooseLanguage(Language language);
     void refreshVirtualTablet();
@@ -73,7 +69,8 @@ private:
     bool isOwnWindow(WindowId window) const;
     void showVirtualTablet(bool shown);
     void setStatus(const QString& text);
-    void quit(bool canCancel);
+    void quit();
+    void closeAtOnce();
     void closeProgram();
 
     SingleInstance instance_;
@@ -84,9 +81,6 @@ private:
     ActionState actionState_;
     MacroCatalogue catalogue_;
     SheetExportOptions exportOptions_;
-    bool devicePresent_ = false;
-    bool tabletActive_ = false;
-    QString portName_;
     bool openedFromCommandLine_ = false;
 
     X11Connection x11_;
@@ -102,15 +96,14 @@ private:
 
     std::unique_ptr<ActionRunner> runner_;
     std::unique_ptr<PressDispatcher> dispatcher_;
-    EasyTablet easy_;
-    EasyDeviceSource easySource_;
-    NoDevice noDevice_;
+    std::unique_ptr<TabletControl> tablet_;
+    RecoveryFile recovery_;
+    QString startupNotice_;
     TargetTracker targetTracker_;
     MainWindow window_;
     VirtualTablet virtualTablet_;
     std::unique_ptr<EditorController> editor_;
     std::unique_ptr<DocumentController> document_;
-    QTimer timer1_;
     QTimer timer2_;
 };
 

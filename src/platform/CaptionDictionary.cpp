@@ -171,6 +171,9 @@ constexpr CaptionPair kCaptions[] = {
     {u"Cercant la tauleta...", u"Buscando la tauleta..."},
     {u"Desbordament numèric", u"Desbordamiento numérico"},
     {u"No hi ha sortida de so: ", u"No hay salida de sonido: "},
+    {u"Hi ha edicions no desades a ", u"Hay ediciones no guardadas en "},
+    {u"Massa pulsacions en espera: s'ha descartat la més antiga",
+     u"Demasiadas pulsaciones en espera: se ha descartado la más antigua"},
     // Template properties dialog.
     {u"Làmina", u"Lámina"},
     {u"Directori:", u"Directorio:"},

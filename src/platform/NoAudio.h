@@ -11,6 +11,8 @@ class NoSound : public SoundOutput {
 public:
     explicit NoSound(QString reason) : reason_(std::move(reason)) {}
     void play(const QString& path, Kind kind, std::function<void(QString error)> done) override;
+    // The reason in the program's language, which may change while it runs.
+    void setReason(QString reason) { reason_ = std::move(reason); }
 
 private:
     QString reason_;

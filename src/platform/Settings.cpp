@@ -9,6 +9,8 @@ namespace {
 
 const QString kSection = QStringLiteral("Mervak");
 constexpr int kBufferSize = 40;
+// Device paths under /dev/serial/by-id are long; they are read whole.
+constexpr int kPathBufferSize = 4096;
 const std::array<QString, 6> kPortNames = {QStringLiteral("LPT1"), QStringLiteral("LPT2"),
                                            QStringLiteral("COM1"), QStringLiteral("COM2"),
                                            QStringLiteral("COM3"), QStringLiteral("COM4")};
@@ -18,12 +20,16 @@ QString readText(const PrivateProfile& file, const QString& key, const QString& 
 }
 
 void readPort(const PrivateProfile& file, Settings& settings) {
-    const QString port = readText(file, QStringLiteral("Port"), QStringLiteral("AUTODETECT"));
-    for (std::size_t i = 0; i < kPortNames.size(); ++i)
-        if (port == kPortNames[i])
-            settings.portIndex = static_cast<int16_t>(i + 1);
-    if (port.startsWith(u'/'))
+    const QString port = file.readString(kSection, QStringLiteral("Port"),
+                                         QStringLiteral("AUTODETECT"), kPathBufferSize);
+    if (port.startsWith(u'/')) {
         settings.portDevice = port;
+        return;
+    }
+    const QString name = port.left(kBufferSize - 1).toUpper();
+    for (std::size_t i = 0; i < kPortNames.size(); ++i)
+        if (name == kPortNames[i])
+            settings.portIndex = static_cast<int16_t>(i + 1);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "editor/UndoSnapshot.h"
 
+#include "editor/RecoveryFile.h"
 #include "support/TestFiles.h"
 #include "template/PageOperations.h"
 #include "template/TemplateFile.h"
@@ -74,6 +75,19 @@ TEST_F(UndoSnapshotTest, WithoutASnapshotNothingChanges) {
     test::writeAll(snapshot.snapshotPath(), "garbage");
     ASSERT_TRUE(snapshot.undo(t));
     EXPECT_EQ(t.AreaCount(), 2);
+}
+
+TEST_F(UndoSnapshotTest, OnlyUnsavedEditsAreKeptForRecovery) {
+    Template t = userTemplate();
+    const RecoveryFile recovery(home.path());
+    ASSERT_FALSE(recovery.keepUnsaved(t));
+    EXPECT_FALSE(recovery.exists()) << "saved work needs no recovery";
+    t.area(2).ActionText = QStringLiteral("canviat");
+    t.Modified = true;
+    ASSERT_FALSE(recovery.keepUnsaved(t));
+    Template back;
+    ASSERT_FALSE(loadTemplateFile(recovery.path(), back));
+    EXPECT_EQ(back.area(2).ActionText, QStringLiteral("canviat"));
 }
 
 } // namespace

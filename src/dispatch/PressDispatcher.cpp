@@ -1,4 +1,4 @@
-#include "app/PressDispatcher.h"
+#include "dispatch/PressDispatcher.h"
 
 #include "platform/Checked16.h"
 #include "platform/Language.h"
@@ -7,6 +7,7 @@
 #include "template/AreaHitTest.h"
 
 #include <QFile>
+#include <QScopedValueRollback>
 
 namespace mervak {
 
@@ -21,6 +22,42 @@ PressDispatcher::PressDispatcher(Context context, QObject* parent)
     : QObject(parent), context_(std::move(context)) {}
 
 void PressDispatcher::DispatchPress(int16_t x, int16_t y) {
+    queuePress({x, y, false});
+}
+
+void PressDispatcher::actionTextsFinished() {
+    dispatchQueued();
+}
+
+// Readings of a pen held during a long ActionText are kept once: they would all
+// hit the same Area, and a full queue would push out the presses that matter.
+void PressDispatcher::queuePress(QueuedPress press) {
+    if (press.fromPen && !queue_.empty() && queue_.back().fromPen && queue_.back().x == press.x &&
+        queue_.back().y == press.y)
+        return;
+    if (queue_.size() == kMaxQueuedPresses) {
+        queue_.pop_front();
+        emit problem(
+            TranslateCaption(context_.language(), QStringLiteral("Massa pulsacions en espera: "
+                                                                 "s'ha descartat la més antiga")));
+    }
+    queue_.push_back(press);
+    dispatchQueued();
+}
+
+// Re-entered when an ActionText ends inside the hand-over: the loop goes on.
+void PressDispatcher::dispatchQueued() {
+    if (dispatching_)
+        return;
+    const QScopedValueRollback guard(dispatching_, true);
+    while (!queue_.empty() && !context_.actionTextRunning()) {
+        const QueuedPress next = queue_.front();
+        queue_.pop_front();
+        fireArea(next.x, next.y);
+    }
+}
+
+void PressDispatcher::fireArea(int16_t x, int16_t y) {
     const AreaHit hit = FindArea(context_.tmpl, x, y);
     if (hit.index == 0)
         return;
@@ -73,7 +110,7 @@ void PressDispatcher::pressFromDevice(const DeviceReading& reading) {
     if (context_.tmpl.SoundActive != 0)
         context_.beep();
     emptyPolls_ = 0;
-    DispatchPress(reading.x, reading.y);
+    queuePress({reading.x, reading.y, true});
 }
 
 void PressDispatcher::deviceReadingArrived(const DeviceReading& reading) {
@@ -120,8 +157,11 @@ void PressDispatcher::normalTick() {
     if (isPress(reading)) {
         pressFromDevice(reading);
     } else if (lastArea_ != 0) {
-        emptyPolls_ = add16(emptyPolls_, 1);
-        if (emptyPolls_ == kPollsToForget)
+        // A press that is not a device reading leaves the count as it was, so
+        // it is saturated rather than compared for equality.
+        if (emptyPolls_ < kPollsToForget)
+            emptyPolls_ = add16(emptyPolls_, 1);
+        if (emptyPolls_ >= kPollsToForget)
             lastArea_ = 0;
     }
 }
@@ -129,7 +169,9 @@ void PressDispatcher::normalTick() {
 void PressDispatcher::drawingTick() {
     const DeviceReading reading = device_ ? device_->read() : DeviceReading{};
     if (!reading.status) {
-        emptyPolls_ = add16(emptyPolls_, 1);
+        // Counting stops at the end of a drawing, so hours of drawing mode never overflow.
+        if (emptyPolls_ < kPollsToEndDrawing)
+            emptyPolls_ = add16(emptyPolls_, 1);
         if (emptyPolls_ == 1)
             context_.beep();
         if (emptyPolls_ >= kPollsToEndDrawing && dragging_) {

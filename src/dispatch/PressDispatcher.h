@@ -1,12 +1,13 @@
 #pragma once
 
-#include "app/DeviceSource.h"
+#include "dispatch/DeviceSource.h"
 #include "platform/Clipboard.h"
 #include "platform/Language.h"
 #include "template/Template.h"
 
 #include <QObject>
 #include <QPointF>
+#include <deque>
 #include <functional>
 
 namespace mervak {
@@ -14,6 +15,12 @@ namespace mervak {
 // Turns presses into Areas fired: the hit test on the current page, the repeat
 // suppression, the clip file and the hand-over of the ActionText. It also holds
 // the polling of the device, one `tick` per Timer1 interval.
+//
+// One ActionText runs at a time. A press that arrives while one runs waits in a
+// queue, and is hit-tested, suppressed or not, and has its clip file loaded only
+// when its turn comes, against the page current then: an ActionText that changes
+// page sends the next press to the new page, and a clip never replaces the
+// clipboard under an earlier text that still has to paste it.
 class PressDispatcher : public QObject {
     Q_OBJECT
 public:
@@ -22,6 +29,8 @@ public:
         Clipboard& clipboard;
         std::function<QString()> workingFolder;
         std::function<void(const QString&)> runActionText;
+        // True while an ActionText runs; actionTextsFinished() says when it ends.
+        std::function<bool()> actionTextRunning;
         std::function<void()> beep;
         std::function<Language()> language;
     };
@@ -36,7 +45,14 @@ public:
 
     // Fires the Area under the point on the current page, unless it repeats the
     // last one while a device is present and the Area does not repeat readings.
+    // Queued while an ActionText runs.
     void DispatchPress(int16_t x, int16_t y);
+
+    // The running ActionTexts ended: the queued presses take their turns.
+    void actionTextsFinished();
+
+    // Presses kept at most while an ActionText runs; a further one drops the oldest.
+    static constexpr std::size_t kMaxQueuedPresses = 32;
 
     // A click on the virtual tablet: dispatched by the next tick.
     void setVirtualPress(const QPointF& sheetPoint);
@@ -64,7 +80,16 @@ signals:
     void drawWithDevice(int16_t x, int16_t y, int mode);
 
 private:
+    struct QueuedPress {
+        int16_t x;
+        int16_t y;
+        bool fromPen; // a device reading: a held pen repeats it on every poll
+    };
+
     static bool isPress(const DeviceReading& reading);
+    void queuePress(QueuedPress press);
+    void dispatchQueued();
+    void fireArea(int16_t x, int16_t y);
     void pressFromDevice(const DeviceReading& reading);
     void virtualTabletTick();
     void normalTick();
@@ -83,6 +108,8 @@ private:
     int16_t emptyPolls_ = 0;
     int16_t virtualX_ = -1;
     int16_t virtualY_ = -1;
+    std::deque<QueuedPress> queue_;
+    bool dispatching_ = false;
 };
 
 } // namespace mervak

@@ -1,6 +1,6 @@
-#include "app/PressDispatcher.h"
+#include "dispatch/PressDispatcher.h"
 
-#include "app/EasyDeviceSource.h"
+#include "dispatch/EasyDeviceSource.h"
 #include "support/FakeClipboard.h"
 #include "support/TestAreas.h"
 #include "support/TestFiles.h"
@@ -57,9 +57,15 @@ protected:
     QStringList fired;
     int beeps = 0;
     QString workingFolder;
+    QString waitingText; // an ActionText that waits (for a flush, a sound) once started
+    bool running = false;
     PressDispatcher dispatcher{{tmpl, clipboard, [this] { return workingFolder; },
-                                [this](const QString& text) { fired.append(text); },
-                                [this] { ++beeps; }, [] { return Language::Catalan; }}};
+                                [this](const QString& text) {
+                                    fired.append(text);
+                                    running = text == waitingText;
+                                },
+                                [this] { return running; }, [this] { ++beeps; },
+                                [] { return Language::Catalan; }}};
 };
 
 TEST_F(PressDispatcherTest, FiresTheFirstAreaThatHoldsThePoint) {
@@ -74,8 +80,8 @@ TEST_F(PressDispatcherTest, FiresTheFirstAreaThatHoldsThePoint) {
     for (const auto& c : cases) {
         fired.clear();
         PressDispatcher fresh({tmpl, clipboard, [] { return QString(); },
-                               [this](const QString& text) { fired.append(text); }, [] {},
-                               [] { return Language::Catalan; }});
+                               [this](const QString& text) { fired.append(text); },
+                               [] { return false; }, [] {}, [] { return Language::Catalan; }});
         fresh.DispatchPress(c.x, c.y);
         EXPECT_EQ(fired.join(","), c.fired) << c.x << "," << c.y;
     }
@@ -91,6 +97,54 @@ TEST_F(PressDispatcherTest, AHeldPenFiresOnceUntilFiveEmptyPolls) {
     EXPECT_EQ(fired, (QStringList{"A", "A"})) << "the fifth forgets it";
     poll({pen(60, 60), pen(30, 30)});
     EXPECT_EQ(fired, (QStringList{"A", "A", "B", "A"})) << "a press elsewhere forgets it too";
+}
+
+TEST_F(PressDispatcherTest, EmptyPollsNeitherStickNorOverflow) {
+    dispatcher.setDevicePresent(true);
+    QSignalSpy problem(&dispatcher, &PressDispatcher::problem);
+    dispatcher.setDrawWithDevice(true);
+    for (int i = 0; i < 40000; ++i) // over half an hour of polls in drawing mode
+        poll({lifted()});
+    dispatcher.setDrawWithDevice(false);
+    dispatcher.DispatchPress(30, 30);
+    poll({lifted()});
+    dispatcher.DispatchPress(30, 30);
+    EXPECT_EQ(fired, (QStringList{"A", "A"})) << "a count already past 5 forgets at once";
+    EXPECT_TRUE(problem.isEmpty());
+}
+
+// As "x{|Espera 200}{|Pagina 2}": a press made during the wait belongs to page 2,
+// and its clip file waits too.
+TEST_F(PressDispatcherTest, PressesDuringAnActionTextTakeTheirTurnAfterIt) {
+    QTemporaryDir dir;
+    workingFolder = dir.path();
+    test::writeAll(dir.filePath("p2.txt"), "pagina 2");
+    tmpl.area(3).Clip = "p2.txt";
+    waitingText = "A";
+    dispatcher.DispatchPress(30, 30);
+    dispatcher.DispatchPress(30, 30);
+    EXPECT_EQ(fired, QStringList{"A"});
+    EXPECT_TRUE(clipboard.text().isEmpty());
+    tmpl.CurrentPage = 2;
+    running = false;
+    dispatcher.actionTextsFinished();
+    EXPECT_EQ(fired, (QStringList{"A", "other page"}));
+    EXPECT_EQ(clipboard.text(), QStringLiteral("pagina 2"));
+}
+
+TEST_F(PressDispatcherTest, TheQueueKeepsTheNewestPressesAndAHeldPenOnce) {
+    dispatcher.setDevicePresent(true);
+    QSignalSpy problem(&dispatcher, &PressDispatcher::problem);
+    waitingText = "A";
+    poll({pen(30, 30), pen(60, 60), pen(60, 60), pen(60, 60)});
+    for (std::size_t i = 0; i < PressDispatcher::kMaxQueuedPresses; ++i) {
+        const int16_t at = i % 2 ? 60 : 95; // B and "reversed" in turn: none repeats
+        dispatcher.DispatchPress(at, at);
+    }
+    EXPECT_EQ(problem.size(), 1) << "the held pen's press was the oldest, dropped";
+    running = false;
+    dispatcher.actionTextsFinished();
+    EXPECT_EQ(fired.size(), 1 + 32);
 }
 
 TEST_F(PressDispatcherTest, ZeroCoordinatesAndBadStatusAreNoPress) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/DeviceSource.h"
 #include "devices/EasyTablet.h"
+#include "dispatch/DeviceSource.h"
 #include "platform/Checked16.h"
 
 namespace mervak {

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "devices/EasyTablet.h"
+#include "dispatch/DeviceSource.h"
+#include "dispatch/EasyDeviceSource.h"
+#include "dispatch/PressDispatcher.h"
+#include "platform/Settings.h"
+
+#include <QObject>
+#include <QTimer>
+
+namespace mervak {
+
+// Starts and stops the input device of the configured model and keeps the
+// tablet's state: whether a device is present, whether the user has it switched
+// on, the caption that says so, and the polling timer (Timer1) that feeds the
+// press dispatcher.
+class TabletControl : public QObject {
+    Q_OBJECT
+public:
+    TabletControl(SerialLinkFactory makeLink, PressDispatcher& dispatcher,
+                  QObject* parent = nullptr);
+    ~TabletControl() override;
+
+    // Starts the device of `settings.model`; ends with one startFinished().
+    void start(const Settings& settings);
+    void stop();
+
+    // Only a present device can be switched on.
+    void SetTabletActive(bool active);
+    void setLanguage(Language language);
+    // Clicks on the virtual tablet are dispatched by the poll, device or not.
+    void setVirtualTabletShown(bool shown);
+
+    bool DevicePresent() const { return devicePresent_; }
+    bool isActive() const { return active_; }
+    bool isPolling() const { return timer1_.isActive(); }
+    // "Tauleta activa a COM1", "Tauleta Inactiva a COM1", message 113 after a
+    // failed start, or nothing before any start.
+    QString caption() const;
+
+signals:
+    void stateChanged(bool active, const QString& caption);
+    // A device was searched for: true when one started. When none did, message
+    // 113 is in caption() for the user.
+    void startFinished(bool present);
+    void statusMessage(const QString& text);
+    void beepRequested();
+
+private:
+    void onEasyStartFinished(bool ok, const QString& message);
+    void failStart();
+    void updatePolling();
+    void publishState();
+
+    PressDispatcher& dispatcher_;
+    EasyTablet easy_;
+    EasyDeviceSource easySource_{easy_};
+    NoDevice noDevice_;
+    QTimer timer1_;
+    Settings settings_;
+    Language language_ = Language::Catalan;
+    QString portName_;
+    bool devicePresent_ = false;
+    bool startFailed_ = false;
+    bool active_ = false;
+    bool virtualTabletShown_ = false;
+};
+
+} // namespace mervak

@@ -1,0 +1,49 @@
+#include "dispatch/TabletControl.h"
+
+#include "support/FakeClipboard.h"
+#include "support/FakeSerialLink.h"
+
+#include <QSignalSpy>
+#include <gtest/gtest.h>
+
+namespace mervak {
+namespace {
+
+class TabletControlTest : public ::testing::Test {
+protected:
+    Template tmpl;
+    test::FakeClipboard clipboard;
+    PressDispatcher dispatcher{{tmpl, clipboard, [] { return QString(); }, [](const QString&) {},
+                                [] { return false; }, [] {}, [] { return Language::Catalan; }}};
+    test::FakeSerialBus bus;
+    TabletControl tablet{bus.factory(), dispatcher};
+};
+
+TEST_F(TabletControlTest, AFailedStartKeepsSayingSo) {
+    Settings settings;
+    settings.model = "GENIUS";
+    QSignalSpy finished(&tablet, &TabletControl::startFinished);
+    tablet.start(settings);
+    ASSERT_EQ(finished.size(), 1);
+    EXPECT_FALSE(finished.first().first().toBool());
+    tablet.SetTabletActive(true);
+    EXPECT_FALSE(tablet.isActive());
+    EXPECT_EQ(tablet.caption(), Message(Language::Catalan, 113));
+    tablet.setLanguage(Language::Spanish);
+    EXPECT_EQ(tablet.caption(), Message(Language::Spanish, 113));
+}
+
+TEST_F(TabletControlTest, TheVirtualTabletIsPolledUnlessTheIntervalIsZero) {
+    for (const int16_t interval : {50, 0}) {
+        Settings settings;
+        settings.interval = interval;
+        tablet.start(settings);
+        tablet.setVirtualTabletShown(true);
+        EXPECT_EQ(tablet.isPolling(), interval != 0) << interval;
+        tablet.setVirtualTabletShown(false);
+        EXPECT_FALSE(tablet.isPolling());
+    }
+}
+
+} // namespace
+} // namespace mervak
