@@ -1,8 +1,19 @@
-# One library per folder under src/, with includes written from src/.
+# One library per folder under src/, with includes written from src/
+# ("template/Template.h"). Each library exposes only its own folder's headers,
+# staged under the build tree, so code can include a layer only by linking it.
 function(mervak_add_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC_LIBS;PRIVATE_LIBS" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
-  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR}/src ${CMAKE_CURRENT_SOURCE_DIR})
+  set(staged ${CMAKE_BINARY_DIR}/include/${name})
+  file(REMOVE_RECURSE ${staged})
+  file(MAKE_DIRECTORY ${staged}/${folder})
+  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  foreach(header ${headers})
+    get_filename_component(file ${header} NAME)
+    file(CREATE_LINK ${header} ${staged}/${folder}/${file} SYMBOLIC)
+  endforeach()
+  target_include_directories(${name} PUBLIC ${staged})
   target_link_libraries(${name} PUBLIC ${ARG_PUBLIC_LIBS} PRIVATE ${ARG_PRIVATE_LIBS})
 endfunction()
 

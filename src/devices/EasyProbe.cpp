@@ -38,7 +38,7 @@ void EasyProbe::start(const QStringList& candidates, int timeoutMs) {
 void EasyProbe::cancel() {
     step_.stop();
     wait_.cancel();
-    closeLink();
+    closeLink(link_, this);
     running_ = false;
 }
 
@@ -54,13 +54,13 @@ void EasyProbe::probeNext() {
         link_->write(easyCommandBytes(handshake().command));
         return;
     }
-    closeLink();
+    closeLink(link_, this);
     running_ = false;
     emit finished(QString(), static_cast<int>(next_));
 }
 
 void EasyProbe::onReply(const QString& reply) {
-    closeLink();
+    closeLink(link_, this);
     if (replyHolds(reply, handshake().expected)) {
         running_ = false;
         emit finished(candidates_[next_ - 1], static_cast<int>(next_));
@@ -68,15 +68,6 @@ void EasyProbe::onReply(const QString& reply) {
     }
     // Go on from the event loop, not from inside the link's notification.
     step_.start(0);
-}
-
-// The link may be inside one of its own notifications: delete it later.
-void EasyProbe::closeLink() {
-    if (!link_)
-        return;
-    link_->close();
-    link_->disconnect(this);
-    link_.release()->deleteLater();
 }
 
 } // namespace mervak

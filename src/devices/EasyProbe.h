@@ -32,7 +32,6 @@ signals:
 private:
     void probeNext();
     void onReply(const QString& reply);
-    void closeLink();
 
     SerialLinkFactory makeLink_;
     std::unique_ptr<SerialLink> link_;

@@ -66,7 +66,7 @@ void EasyTablet::start(const QString& devicePath) {
 void EasyTablet::stop() {
     probe_.cancel();
     wait_.cancel();
-    closeLink();
+    closeLink(link_, this);
     starting_ = false;
     packetMode_ = 0;
     position_ = {};
@@ -89,7 +89,7 @@ void EasyTablet::openAndSetUp(const QString& port) {
     connect(link_.get(), &SerialLink::lost, this, &EasyTablet::onLost);
     const OpenResult opened = link_->open(port);
     if (!opened.ok()) {
-        closeLink();
+        closeLink(link_, this);
         finishStart(false, openFailedText(language_, port, opened.failure));
         return;
     }
@@ -171,15 +171,6 @@ void EasyTablet::onLost() {
         wait_.cancel();
         finishStart(false, text);
     }
-}
-
-// The link may be inside one of its own notifications: delete it later.
-void EasyTablet::closeLink() {
-    if (!link_)
-        return;
-    link_->close();
-    link_->disconnect(this);
-    link_.release()->deleteLater();
 }
 
 } // namespace mervak

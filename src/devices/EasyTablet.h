@@ -77,7 +77,6 @@ private:
     void onSent();
     void onLineEvent(int code);
     void onLost();
-    void closeLink();
 
     SerialLinkFactory makeLink_;
     std::unique_ptr<SerialLink> link_;

@@ -46,4 +46,8 @@ signals:
 
 using SerialLinkFactory = std::function<std::unique_ptr<SerialLink>()>;
 
+// Closes the link, stops its notifications to `receiver` and lets it go. The
+// link may be inside one of its own notifications, so it is deleted later.
+void closeLink(std::unique_ptr<SerialLink>& link, QObject* receiver);
+
 } // namespace mervak

@@ -2,13 +2,11 @@
 
 #include "platform/Checked16.h"
 #include "platform/TextEncoding.h"
-#include "template/FieldReader.h"
+#include "template/AreaRecord.h"
 
 namespace mervak {
 
 namespace {
-
-enum class RecordLayout { WithClipFlag, WithoutClipFlag };
 
 // Lines 3 to 13, common to both versions; returns the stored area count.
 int16_t readCommonHeader(FieldReader& in, Template& t) {
@@ -36,21 +34,6 @@ void readExtraHeader(FieldReader& in, Template& t) {
     t.SV_velocitat = in.readInteger();
 }
 
-Area readArea(FieldReader& in, RecordLayout layout) {
-    Area a;
-    a.X0 = in.readInteger();
-    a.Y0 = in.readInteger();
-    a.X1 = in.readInteger();
-    a.Y1 = in.readInteger();
-    a.Page = in.readInteger();
-    if (layout == RecordLayout::WithClipFlag)
-        a.ClipFlag = in.readInteger();
-    a.Clip = in.readQuoted();
-    a.ActionText = in.readQuoted();
-    a.Flags = in.readInteger();
-    return a;
-}
-
 void convertVersion1Clip(Area& a) {
     if (a.Clip.isEmpty())
         return;
@@ -59,12 +42,12 @@ void convertVersion1Clip(Area& a) {
     a.Clip.clear();
 }
 
-void readAreas(FieldReader& in, Template& t, int16_t count, RecordLayout layout, bool convert,
+void readAreas(FieldReader& in, Template& t, int16_t count, AreaRecordLayout layout, bool convert,
                qsizetype textSize) {
     // The shortest record takes about 30 characters: never reserve for more than can be there.
     t.reserveAreas(qMin<qsizetype>(count, textSize / 30 + 1));
     for (int16_t i = 0; i < count; ++i) {
-        Area a = readArea(in, layout);
+        Area a = readAreaRecord(in, layout);
         if (convert)
             convertVersion1Clip(a);
         t.AppendArea(a);
@@ -78,7 +61,7 @@ void readVersion2(QStringView text, Template& t) {
     in.readInteger();
     const int16_t count = readCommonHeader(in, t);
     readExtraHeader(in, t);
-    readAreas(in, t, count, RecordLayout::WithoutClipFlag, false, text.size());
+    readAreas(in, t, count, kRecordWithoutClipFlag, false, text.size());
 }
 
 void readSaveAsLayout(QStringView text, Template& t) {
@@ -86,12 +69,12 @@ void readSaveAsLayout(QStringView text, Template& t) {
     in.readInteger();
     in.readInteger();
     const int16_t count = readCommonHeader(in, t);
-    readAreas(in, t, count, RecordLayout::WithClipFlag, false, text.size());
+    readAreas(in, t, count, kRecordWithClipFlag, false, text.size());
 }
 
 void readVersion1(FieldReader& in, Template& t, qsizetype textSize) {
     const int16_t count = readCommonHeader(in, t);
-    readAreas(in, t, count, RecordLayout::WithClipFlag, true, textSize);
+    readAreas(in, t, count, kRecordWithClipFlag, true, textSize);
 }
 
 void readVersion2OrSaveAs(QStringView text, Template& t) {

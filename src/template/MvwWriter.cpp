@@ -1,12 +1,10 @@
 #include "template/MvwWriter.h"
 
-#include "template/FieldWriter.h"
+#include "template/AreaRecord.h"
 
 namespace mervak {
 
 namespace {
-
-enum class RecordLayout { WithClipFlag, WithoutClipFlag };
 
 qsizetype expectedSize(const Template& t) {
     qsizetype size = 256 + t.FitxGraf.size() + t.Ordres.size() + t.Tecles.size() +
@@ -33,22 +31,9 @@ void writeCommonHeader(FieldWriter& out, const Template& t) {
     out.writeInteger(t.SoundActive);
 }
 
-void writeArea(FieldWriter& out, const Area& a, RecordLayout layout) {
-    out.writeInteger(a.X0);
-    out.writeInteger(a.Y0);
-    out.writeInteger(a.X1);
-    out.writeInteger(a.Y1);
-    out.writeInteger(a.Page);
-    if (layout == RecordLayout::WithClipFlag)
-        out.writeInteger(a.ClipFlag);
-    out.writeQuoted(a.Clip);
-    out.writeQuoted(a.ActionText);
-    out.writeInteger(a.Flags);
-}
-
-void writeAreas(FieldWriter& out, const Template& t, RecordLayout layout) {
+void writeAreas(FieldWriter& out, const Template& t, AreaRecordLayout layout) {
     for (int i = 1; i <= t.AreaCount(); ++i)
-        writeArea(out, t.area(i), layout);
+        writeAreaRecord(out, t.area(i), layout);
 }
 
 } // namespace
@@ -60,14 +45,14 @@ QByteArray writeMvw(const Template& t) {
     out.writeInteger(t.sv_idioma);
     out.writeInteger(t.sv_locutor);
     out.writeInteger(t.SV_velocitat);
-    writeAreas(out, t, RecordLayout::WithoutClipFlag);
+    writeAreas(out, t, kRecordWithoutClipFlag);
     return out.bytes();
 }
 
 QByteArray writeMvwSaveAs(const Template& t) {
     FieldWriter out(expectedSize(t));
     writeCommonHeader(out, t);
-    writeAreas(out, t, RecordLayout::WithClipFlag);
+    writeAreas(out, t, kRecordWithClipFlag);
     return out.bytes();
 }
 

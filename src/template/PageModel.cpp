@@ -2,8 +2,7 @@
 
 #include "platform/PathResolver.h"
 #include "platform/TextEncoding.h"
-#include "template/FieldReader.h"
-#include "template/FieldWriter.h"
+#include "template/AreaRecord.h"
 
 #include <QDir>
 
@@ -34,17 +33,8 @@ QStringList listPageModels(const QString& folder) {
 
 QByteArray writePageModel(const Template& t, int16_t page) {
     FieldWriter out;
-    for (int16_t index : t.areasOfPage(page)) {
-        const Area& a = t.area(index);
-        out.writeInteger(a.X0);
-        out.writeInteger(a.Y0);
-        out.writeInteger(a.X1);
-        out.writeInteger(a.Y1);
-        out.writeInteger(a.ClipFlag);
-        out.writeQuoted(a.Clip);
-        out.writeQuoted(a.ActionText);
-        out.writeInteger(a.Flags);
-    }
+    for (int16_t index : t.areasOfPage(page))
+        writeAreaRecord(out, t.area(index), kPageModelRecord);
     return out.bytes();
 }
 
@@ -55,16 +45,7 @@ std::optional<TemplateError> readPageModel(const QByteArray& bytes, QList<Area>&
         while (!in.atEnd()) {
             if (areas.size() >= Template::kMaxAreas)
                 return TemplateError{TemplateMessage::ReadError, {}, in.line(), {}};
-            Area a;
-            a.X0 = in.readInteger();
-            a.Y0 = in.readInteger();
-            a.X1 = in.readInteger();
-            a.Y1 = in.readInteger();
-            a.ClipFlag = in.readInteger();
-            a.Clip = in.readQuoted();
-            a.ActionText = in.readQuoted();
-            a.Flags = in.readInteger();
-            areas.append(std::move(a));
+            areas.append(readAreaRecord(in, kPageModelRecord));
         }
     } catch (const FieldError& e) {
         return TemplateError{TemplateMessage::ReadError, {}, e.line, {}};

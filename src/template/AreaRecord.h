@@ -1,0 +1,25 @@
+#pragma once
+
+#include "template/Area.h"
+#include "template/FieldReader.h"
+#include "template/FieldWriter.h"
+
+namespace mervak {
+
+// Which fields an Area record holds. Every layout stores, in this order,
+// X0 Y0 X1 Y1 [Page] [ClipFlag] Clip ActionText Flags.
+struct AreaRecordLayout {
+    bool page;
+    bool clipFlag;
+};
+
+constexpr AreaRecordLayout kRecordWithClipFlag{true, true};     // .mvw version 1, "save as"
+constexpr AreaRecordLayout kRecordWithoutClipFlag{true, false}; // .mvw version 2
+constexpr AreaRecordLayout kPageModelRecord{false, true};       // .mvp: the page is the target's
+
+void writeAreaRecord(FieldWriter& out, const Area& a, AreaRecordLayout layout);
+
+// Throws FieldError where the record is malformed.
+Area readAreaRecord(FieldReader& in, AreaRecordLayout layout);
+
+} // namespace mervak
