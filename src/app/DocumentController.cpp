@@ -3,6 +3,7 @@
 #include "editor/widgets/Dialogs.h"
 #include "platform/Settings.h"
 #include "template/TemplateFile.h"
+#include "template/TemplateRelocation.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -140,8 +141,7 @@ bool DocumentController::saveWithDialog(bool saveAs) {
     // The MS-DOS filter chosen with a name typed without its extension.
     if (saveAs && filter == 1 && QFileInfo(path).suffix().toUpper() == QLatin1String("MVW"))
         path = path.left(path.size() - 3) + QStringLiteral("MVD");
-    const SaveOutcome outcome =
-        saveAs ? saveTemplateAs(context_.tmpl, path) : saveTemplate(context_.tmpl, path);
+    const SaveOutcome outcome = write(path, saveAs);
     reportSave(outcome);
     refreshTitle();
     if (outcome.error)
@@ -150,6 +150,28 @@ bool DocumentController::saveWithDialog(bool saveAs) {
     remember(context_.tmpl.TemplateFileName);
     context_.templateReplaced();
     return true;
+}
+
+// An untitled Template first takes along the files its relative names find
+// in the working folder, so that they still work from the new file's folder.
+SaveOutcome DocumentController::write(const QString& path, bool saveAs) {
+    const auto save = saveAs ? saveTemplateAs : saveTemplate;
+    Template& t = context_.tmpl;
+    if (!t.isUntitled())
+        return save(t, path);
+    Template relocated = t;
+    const RelocationReport report = relocateUntitled(relocated, context_.workingFolder, path);
+    SaveOutcome outcome;
+    outcome.error = report.error;
+    if (report.error)
+        return outcome;
+    outcome = save(relocated, path);
+    if (outcome.error)
+        return outcome;
+    outcome.copiedFiles = report.copied;
+    outcome.missingFiles = report.missing;
+    t = std::move(relocated);
+    return outcome;
 }
 
 void DocumentController::reportSave(const SaveOutcome& outcome) {

@@ -47,6 +47,7 @@ public:
 
 private:
     bool saveWithDialog(bool saveAs);
+    struct SaveOutcome write(const QString& path, bool saveAs);
     void reportSave(const struct SaveOutcome& outcome);
     void remember(const QString& path);
 

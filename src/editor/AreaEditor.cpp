@@ -1,6 +1,5 @@
 #include "editor/AreaEditor.h"
 
-#include "editor/AreaSelection.h"
 #include "editor/GridSplit.h"
 #include "platform/Checked16.h"
 #include "template/AreaHitTest.h"
@@ -28,11 +27,25 @@ void AreaEditor::reset() {
     drag_.reset();
     drawing_.reset();
     emit drawingChanged();
-    select(t_.SelectedArea);
+    // Another Template, or one changed elsewhere, ends the start; the empty
+    // Template the program starts with (or a new one like it) does not.
+    atStart_ = atStart_ && t_.isUntitled() && t_.AreaCount() == 0 && !t_.Modified;
+    keepSelection(t_.SelectedArea);
+    emit changed();
+}
+
+CounterTexts AreaEditor::counters() const {
+    return atStart_ ? startCounterTexts() : counterTexts(t_);
 }
 
 void AreaEditor::select(int16_t index) {
+    atStart_ = false;
     run_.clear();
+    keepSelection(index);
+    emit changed();
+}
+
+void AreaEditor::keepSelection(int16_t index) {
     if (index < 1 || index > t_.AreaCount() || t_.area(index).Page != t_.CurrentPage) {
         t_.SelectedArea = 0;
         t_.CurrentArea = 0;
@@ -40,7 +53,6 @@ void AreaEditor::select(int16_t index) {
     } else {
         pickArea(t_, index);
     }
-    emit changed();
 }
 
 void AreaEditor::selectAt(int16_t x, int16_t y) {
@@ -48,12 +60,14 @@ void AreaEditor::selectAt(int16_t x, int16_t y) {
 }
 
 void AreaEditor::nextArea() {
+    atStart_ = false;
     if (!t_.NextArea())
         context_.beep();
     emit changed();
 }
 
 void AreaEditor::previousArea() {
+    atStart_ = false;
     if (!t_.PrevArea())
         context_.beep();
     emit changed();
@@ -62,8 +76,11 @@ void AreaEditor::previousArea() {
 bool AreaEditor::showPage(int page) {
     if (page < 1 || page > t_.PageCount || page == t_.CurrentPage)
         return false;
+    atStart_ = false;
+    run_.clear();
     t_.CurrentPage = static_cast<int16_t>(page);
-    select(0);
+    selectFirstAreaOfPage(t_);
+    emit changed();
     return true;
 }
 
@@ -89,6 +106,7 @@ void AreaEditor::snapshotForRun(const QString& run) {
 }
 
 void AreaEditor::edited() {
+    atStart_ = false;
     t_.Modified = true;
     emit changed();
 }
@@ -258,6 +276,7 @@ bool AreaEditor::undo() {
     t_.CurrentArea = 0;
     t_.refreshPageAreaCount();
     t_.Modified = true;
+    atStart_ = false;
     reset();
     return true;
 }

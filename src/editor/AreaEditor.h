@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/AreaGeometry.h"
+#include "editor/AreaSelection.h"
 #include "editor/UndoSnapshot.h"
 #include "platform/Language.h"
 #include "template/Template.h"
@@ -39,15 +40,21 @@ public:
 
     // Forgets gestures in progress, counts the current page's Areas again and
     // redraws, after the Template was replaced or changed elsewhere (a file
-    // opened, a page changed by a command). The selection stays when it is on
-    // the current page.
+    // opened, a page edited). The selection stays when it is on the current page.
     void reset();
+
+    // What the area and page counters show: "0/0 àrees" and "0/0 pàgines" from
+    // the start until the first change of selection, page or Areas, then as
+    // counterTexts() gives them.
+    CounterTexts counters() const;
 
     void select(int16_t index); // as a pick on the sheet; 0 or a bad index selects none
     void selectAt(int16_t x, int16_t y);
     void nextArea(); // beeps past the last Area of the page
     void previousArea();
-    bool showPage(int page); // false when there is no such page or it is shown already
+    // Shows the page with its first Area selected; false, and nothing else,
+    // when there is no such page or it is shown already.
+    bool showPage(int page);
 
     bool addArea(const SheetRect& rect); // on the current page, then selected
     bool addArea();                      // a square in the middle of the sheet
@@ -94,6 +101,7 @@ signals:
     void problem(const QString& message);
 
 private:
+    void keepSelection(int16_t index);
     bool needSelection();
     void takeSnapshot(UndoSnapshot::Mode mode);
     // Takes the snapshot unless the last edit was of the same run.
@@ -106,6 +114,7 @@ private:
 
     Context context_;
     Template& t_;
+    bool atStart_ = true;
     QString run_; // the run of like edits the last snapshot was taken for
     struct Drag {
         Grip grip = Grip::None;

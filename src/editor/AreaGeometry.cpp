@@ -12,8 +12,10 @@ bool near(double value, double edge, double reach) {
 }
 
 SheetRect ordered(int left, int bottom, int right, int top) {
-    const auto [l, r] = std::minmax(clampToSheet(left), clampToSheet(right));
-    const auto [b, t] = std::minmax(clampToSheet(bottom), clampToSheet(top));
+    // The list form returns values: the two-argument one would return
+    // references to the temporaries, gone by the end of the statement.
+    const auto [l, r] = std::minmax({clampToSheet(left), clampToSheet(right)});
+    const auto [b, t] = std::minmax({clampToSheet(bottom), clampToSheet(top)});
     return {l, b, r, t};
 }
 

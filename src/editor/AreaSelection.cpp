@@ -13,6 +13,10 @@ bool inRange(const Template& t, int index) {
     return index >= 1 && index <= t.AreaCount();
 }
 
+CounterTexts dashes() {
+    return {QStringLiteral("----- àrees"), QStringLiteral("----- pàgines")};
+}
+
 } // namespace
 
 CounterTexts startCounterTexts() {
@@ -20,6 +24,8 @@ CounterTexts startCounterTexts() {
 }
 
 CounterTexts counterTexts(const Template& t) {
+    if (!inRange(t, t.SelectedArea))
+        return dashes();
     return {counter(t.CurrentArea, t.PageAreaCount, "àrees"),
             counter(t.CurrentPage, t.PageCount, "pàgines")};
 }
@@ -29,7 +35,7 @@ CounterTexts SelectArea(Template& t, int index) {
         t.CurrentArea = 0;
         t.SelectedArea = 0;
         t.PageAreaCount = 0;
-        return {QStringLiteral("----- àrees"), QStringLiteral("----- pàgines")};
+        return dashes();
     }
     t.SelectedArea = static_cast<int16_t>(index);
     return counterTexts(t);
@@ -42,6 +48,11 @@ CounterTexts pickArea(Template& t, int index) {
         t.CurrentArea = static_cast<int16_t>(onPage.indexOf(static_cast<int16_t>(index)) + 1);
     }
     return SelectArea(t, index);
+}
+
+CounterTexts selectFirstAreaOfPage(Template& t) {
+    const QList<int16_t> onPage = t.areasOfPage(t.CurrentPage);
+    return onPage.isEmpty() ? SelectArea(t, 0) : pickArea(t, onPage.first());
 }
 
 } // namespace mervak

@@ -26,7 +26,12 @@ CounterTexts SelectArea(Template& t, int index);
 // Areas of the current page and PageAreaCount their number, then as SelectArea.
 CounterTexts pickArea(Template& t, int index);
 
-// The counters for the present state, after a page change or an edit.
+// Selects the first Area of the current page, as a page shown anew does
+// (CurrentArea 1); none, with the dashes, when the page has no Areas.
+CounterTexts selectFirstAreaOfPage(Template& t);
+
+// The counters for the present state: the dashes while no Area is selected,
+// else as SelectArea shows them.
 CounterTexts counterTexts(const Template& t);
 
 } // namespace mervak

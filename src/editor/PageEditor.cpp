@@ -1,5 +1,6 @@
 #include "editor/PageEditor.h"
 
+#include "editor/AreaSelection.h"
 #include "platform/Checked16.h"
 #include "template/PageOperations.h"
 
@@ -28,7 +29,7 @@ void PageEditor::afterChange() {
 }
 
 bool PageEditor::canDeletePage() const {
-    return t_.PageCount > 1 && mervak::canDeletePage(t_);
+    return hasOtherPages(t_);
 }
 
 std::optional<TemplateError> PageEditor::deletePage() {
@@ -36,7 +37,7 @@ std::optional<TemplateError> PageEditor::deletePage() {
         return std::nullopt;
     const auto snapshotError = snapshot();
     mervak::deletePage(t_);
-    afterChange();
+    selectFirstAreaOfPage(t_);
     return snapshotError;
 }
 

@@ -20,7 +20,8 @@ public:
 
     // Offered only while more than one page exists, so a Template never has none.
     bool canDeletePage() const;
-    // Deletes the current page and its Areas; the last page is shown afterwards.
+    // Deletes the current page and its Areas; the last page is shown
+    // afterwards, its first Area selected.
     std::optional<TemplateError> deletePage();
 
     // Inserts a page before (PlacingCode::Before) or after the current one and

@@ -157,6 +157,235 @@ constexpr CaptionPair kCaptions[] = {
     {u"&Idioma", u"&Idioma"},
     {u"Català", u"Català"},
     {u"Español", u"Español"},
+    // The command lines of the program and of mervak-cli: their errors, helps and reports.
+    {u"Opció desconeguda: %1", u"Opción desconocida: %1"},
+    {u"Aquesta opció no pren cap valor: %1", u"Esta opción no admite ningún valor: %1"},
+    {u"Falta el valor després de %1", u"Falta el valor después de %1"},
+    {u"Només es pot obrir una plantilla: %1", u"Solo se puede abrir una plantilla: %1"},
+    {u"àrea %1: ", u"área %1: "},
+    {u" (registre %1)", u" (registro %1)"},
+    {u" (línia %1)", u" (línea %1)"},
+    {u"és a la pàgina %1, fora de les pàgines de la plantilla (1 a %2)",
+     u"está en la página %1, fuera de las páginas de la plantilla (1 a %2)"},
+    {u"no té amplada o no té alçada", u"no tiene anchura o no tiene altura"},
+    {u"no es troba la imatge de la làmina: ", u"no se encuentra la imagen de la lámina: "},
+    {u"el nom de la imatge de la làmina té una coma i no es llegirà sencer: ",
+     u"el nombre de la imagen de la lámina tiene una coma y no se leerá entero: "},
+    {u"no es troba el fitxer del retall: ", u"no se encuentra el archivo del recorte: "},
+    {u"no es troba el fitxer: ", u"no se encuentra el archivo: "},
+    {u"el so %1 no sonarà: el nom ha d'acabar exactament en .WAV o .MID",
+     u"el sonido %1 no sonará: el nombre debe acabar exactamente en .WAV o .MID"},
+    {u"el format MS-DOS no desa el camp ", u"el formato MS-DOS no guarda el campo "},
+    {u"el format MS-DOS desa de 1 a 255 pàgines (la plantilla en té %1)",
+     u"el formato MS-DOS guarda de 1 a 255 páginas (la plantilla tiene %1)"},
+    {u"la coordenada %1 no hi cap i s'ha retallat", u"la coordenada %1 no cabe y se ha recortado"},
+    {u"és a la pàgina %1, que el format MS-DOS no pot desar; l'àrea no s'ha desat",
+     u"está en la página %1, que el formato MS-DOS no puede guardar; el área no se ha guardado"},
+    {u"el format MS-DOS no desa el retall ni els indicadors",
+     u"el formato MS-DOS no guarda el recorte ni los indicadores"},
+    {u"«%1» no té codi de tecla MS-DOS i no s'ha desat",
+     u"«%1» no tiene código de tecla MS-DOS y no se ha guardado"},
+    {u"el text de tecles no hi cap; «%1» no s'ha desat",
+     u"el texto de teclas no cabe; «%1» no se ha guardado"},
+    {u"El nom de sortida ha d'acabar en .mvw o .mvd: ",
+     u"El nombre de salida debe acabar en .mvw o .mvd: "},
+    {u"Copiat: ", u"Copiado: "},
+    {u"La pàgina ha de ser un número de 1 a %1: %2", u"La página debe ser un número de 1 a %1: %2"},
+    {u"Àrea ", u"Área "},
+    {u"  pàgina ", u"  página "},
+    {u"Fitxer: ", u"Archivo: "},
+    {u"Versió: ", u"Versión: "},
+    {u"Cap problema.", u"Ningún problema."},
+    {u"No és una carpeta: ", u"No es una carpeta: "},
+    {u"La plantilla només té una pàgina i no es pot eliminar: no s'ha fet res.",
+     u"La plantilla solo tiene una página y no se puede eliminar: no se ha hecho nada."},
+    {u"Ordre desconeguda: ", u"Orden desconocida: "},
+    {u"La plantilla passaria de 32767 àrees o pàgines: no s'ha fet res.",
+     u"La plantilla pasaría de 32767 áreas o páginas: no se ha hecho nada."},
+    {u"--seed vol un nombre enter no negatiu: %1",
+     u"--seed necesita un número entero no negativo: %1"},
+    {u"--key-delay vol els mil·lisegons entre dues tecles, de 0 a %1: %2",
+     u"--key-delay necesita los milisegundos entre dos teclas, de 0 a %1: %2"},
+    {u"No es troba la carpeta %1", u"No se encuentra la carpeta %1"},
+    {u"Falta el text d'accions", u"Falta el texto de acciones"},
+    {u"Només hi pot haver un text d'accions; poseu-lo entre cometes si té espais",
+     u"Solo puede haber un texto de acciones; póngalo entre comillas si tiene espacios"},
+    {u"Ús: mervak [--home CARPETA] [PLANTILLA]\n"
+     u"Obre la PLANTILLA (.mvw o .mvd) i la fa servir amb la tauleta.\n"
+     u"\n"
+     u"  --home CARPETA  la carpeta de MERVAK.INI i dels models de pàgina; si no\n"
+     u"                  s'hi posa, MERVAK_HOME, la carpeta del programa quan hi ha\n"
+     u"                  un MERVAK.INI, o $XDG_CONFIG_HOME/mervak\n"
+     u"  --help          aquesta ajuda\n"
+     u"  --version       la versió del programa\n"
+     u"  --              acaba les opcions: el que segueix és la plantilla\n",
+     u"Uso: mervak [--home CARPETA] [PLANTILLA]\n"
+     u"Abre la PLANTILLA (.mvw o .mvd) y la usa con la tableta.\n"
+     u"\n"
+     u"  --home CARPETA  la carpeta de MERVAK.INI y de los modelos de página; si no\n"
+     u"                  se indica, MERVAK_HOME, la carpeta del programa cuando hay\n"
+     u"                  un MERVAK.INI, o $XDG_CONFIG_HOME/mervak\n"
+     u"  --help          esta ayuda\n"
+     u"  --version       la versión del programa\n"
+     u"  --              termina las opciones: lo que sigue es la plantilla\n"},
+    {u"Ús: mervak-cli [--home CARPETA] ORDRE ...\n"
+     u"\n"
+     u"Treballa amb plantilles de Mervak (.mvw versions 1 i 2, .mvd de MS-DOS)\n"
+     u"i amb els models de pàgina (.mvp) de la carpeta de configuració.\n"
+     u"\n"
+     u"Ordres:\n"
+     u"  info FITXER [--json]     capçalera i totes les àrees\n"
+     u"  convert ENTRADA SORTIDA  converteix a .mvw (versió 2) o a .mvd segons SORTIDA\n"
+     u"  check FITXER             llista el que cal arreglar\n"
+     u"  copy FITXER CARPETA      desa la plantilla en una altra carpeta amb la làmina\n"
+     u"                           i els fitxers que nomenen les àrees\n"
+     u"  models                   llista els models de pàgina\n"
+     u"  page-save FITXER PÀGINA MODEL\n"
+     u"  page-insert FITXER PÀGINA MODEL (--before|--after) [--output SORTIDA]\n"
+     u"  page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
+     u"  page-delete FITXER PÀGINA [--output SORTIDA]\n"
+     u"  action TEXT [--dry-run]  executa un ActionText (escriu a la finestra de destinació\n"
+     u"                           o, amb --dry-run, llista els efectes en JSON)\n"
+     u"\n"
+     u"  --home CARPETA           la carpeta de MERVAK.INI i dels models de pàgina\n"
+     u"  --help                   aquesta ajuda; mervak-cli ORDRE --help, la de l'ordre\n"
+     u"  --version                la versió\n"
+     u"  --                       acaba les opcions (per a un nom o un text que\n"
+     u"                           comenci amb \"-\")\n"
+     u"\n"
+     u"Els missatges són en la llengua de MERVAK.INI (IDIOMA) o, si no n'hi ha, de LANG.\n"
+     u"Estat de sortida: 0 correcte; 1 un fitxer no s'ha pogut llegir o escriure;\n"
+     u"2 ordre mal escrita o un canvi que la plantilla no admet; 3 fet, però amb avisos\n"
+     u"(problemes trobats o dades que el format .mvd no pot desar).\n",
+     u"Uso: mervak-cli [--home CARPETA] ORDEN ...\n"
+     u"\n"
+     u"Trabaja con plantillas de Mervak (.mvw versiones 1 y 2, .mvd de MS-DOS)\n"
+     u"y con los modelos de página (.mvp) de la carpeta de configuración.\n"
+     u"\n"
+     u"Órdenes:\n"
+     u"  info ARCHIVO [--json]    cabecera y todas las áreas\n"
+     u"  convert ENTRADA SALIDA   convierte a .mvw (versión 2) o a .mvd según SALIDA\n"
+     u"  check ARCHIVO            lista lo que hay que arreglar\n"
+     u"  copy ARCHIVO CARPETA     guarda la plantilla en otra carpeta con la lámina\n"
+     u"                           y los archivos que nombran las áreas\n"
+     u"  models                   lista los modelos de página\n"
+     u"  page-save ARCHIVO PÁGINA MODELO\n"
+     u"  page-insert ARCHIVO PÁGINA MODELO (--before|--after) [--output SALIDA]\n"
+     u"  page-paste ARCHIVO PÁGINA MODELO [--output SALIDA]\n"
+     u"  page-delete ARCHIVO PÁGINA [--output SALIDA]\n"
+     u"  action TEXTO [--dry-run] ejecuta un ActionText (escribe en la ventana de destino\n"
+     u"                           o, con --dry-run, lista los efectos en JSON)\n"
+     u"\n"
+     u"  --home CARPETA           la carpeta de MERVAK.INI y de los modelos de página\n"
+     u"  --help                   esta ayuda; mervak-cli ORDEN --help, la de la orden\n"
+     u"  --version                la versión\n"
+     u"  --                       termina las opciones (para un nombre o un texto que\n"
+     u"                           empiece por \"-\")\n"
+     u"\n"
+     u"Los mensajes están en el idioma de MERVAK.INI (IDIOMA) o, si no lo hay, de LANG.\n"
+     u"Estado de salida: 0 correcto; 1 un archivo no se ha podido leer o escribir;\n"
+     u"2 orden mal escrita o un cambio que la plantilla no admite; 3 hecho, pero con avisos\n"
+     u"(problemas encontrados o datos que el formato .mvd no puede guardar).\n"},
+    {u"Ús: mervak-cli info FITXER [--json]\n"
+     u"Mostra la capçalera i cada àrea (pàgina, rectangle, indicadors,\n"
+     u"text d'accions). Amb --json, un document JSON amb els noms de camp\n"
+     u"del model (l'esquema és al README de l'eina).\n",
+     u"Uso: mervak-cli info ARCHIVO [--json]\n"
+     u"Muestra la cabecera y cada área (página, rectángulo, indicadores,\n"
+     u"texto de acciones). Con --json, un documento JSON con los nombres de campo\n"
+     u"del modelo (el esquema está en el README de la herramienta).\n"},
+    {u"Ús: mervak-cli convert ENTRADA SORTIDA\n"
+     u"Llegeix qualsevol plantilla (.mvw versió 1 o 2, .mvd) i l'escriu en\n"
+     u"format .mvw versió 2 o .mvd segons l'extensió de SORTIDA. Si SORTIDA\n"
+     u"és en una altra carpeta, s'hi copien la làmina i els fitxers que\n"
+     u"nomenen les àrees. El que el format .mvd no pot desar es llista i\n"
+     u"l'estat de sortida és 3.\n",
+     u"Uso: mervak-cli convert ENTRADA SALIDA\n"
+     u"Lee cualquier plantilla (.mvw versión 1 o 2, .mvd) y la escribe en\n"
+     u"formato .mvw versión 2 o .mvd según la extensión de SALIDA. Si SALIDA\n"
+     u"está en otra carpeta, se copian allí la lámina y los archivos que\n"
+     u"nombran las áreas. Lo que el formato .mvd no puede guardar se lista y\n"
+     u"el estado de salida es 3.\n"},
+    {u"Ús: mervak-cli check FITXER\n"
+     u"Llista àrees fora de les pàgines de la plantilla, àrees sense mida,\n"
+     u"la imatge de la làmina i els fitxers d'enganxar i de so que no es\n"
+     u"troben des de la carpeta de la plantilla, i els sons que no sonaran.\n"
+     u"Estat de sortida 3 si hi ha problemes.\n",
+     u"Uso: mervak-cli check ARCHIVO\n"
+     u"Lista áreas fuera de las páginas de la plantilla, áreas sin tamaño,\n"
+     u"la imagen de la lámina y los archivos de pegar y de sonido que no se\n"
+     u"encuentran desde la carpeta de la plantilla, y los sonidos que no sonarán.\n"
+     u"Estado de salida 3 si hay problemas.\n"},
+    {u"Ús: mervak-cli copy FITXER CARPETA\n"
+     u"Desa la plantilla (versió 2) a CARPETA amb el mateix nom, hi copia\n"
+     u"la imatge de la làmina i els fitxers que nomenen les àrees, i canvia\n"
+     u"les referències pel nom de la còpia.\n",
+     u"Uso: mervak-cli copy ARCHIVO CARPETA\n"
+     u"Guarda la plantilla (versión 2) en CARPETA con el mismo nombre, copia allí\n"
+     u"la imagen de la lámina y los archivos que nombran las áreas, y cambia\n"
+     u"las referencias por el nombre de la copia.\n"},
+    {u"Ús: mervak-cli [--home CARPETA] models\n"
+     u"Llista els models de pàgina (.mvp) de la carpeta de configuració.\n",
+     u"Uso: mervak-cli [--home CARPETA] models\n"
+     u"Lista los modelos de página (.mvp) de la carpeta de configuración.\n"},
+    {u"Ús: mervak-cli page-save FITXER PÀGINA MODEL\n"
+     u"Desa les àrees de la PÀGINA com a model de pàgina MODEL.\n",
+     u"Uso: mervak-cli page-save ARCHIVO PÁGINA MODELO\n"
+     u"Guarda las áreas de la PÁGINA como modelo de página MODELO.\n"},
+    {u"Ús: mervak-cli page-insert FITXER PÀGINA MODEL (--before|--after) [--output SORTIDA]\n"
+     u"Insereix una pàgina abans o després de la PÀGINA i l'omple amb el\n"
+     u"MODEL (\"Pàgina nova\" vol dir una pàgina buida). Desa a SORTIDA o,\n"
+     u"si no n'hi ha, al mateix FITXER.\n",
+     u"Uso: mervak-cli page-insert ARCHIVO PÁGINA MODELO (--before|--after) [--output SALIDA]\n"
+     u"Inserta una página antes o después de la PÁGINA y la llena con el\n"
+     u"MODELO (\"Pàgina nova\" quiere decir una página vacía). Guarda en SALIDA o,\n"
+     u"si no la hay, en el mismo ARCHIVO.\n"},
+    {u"Ús: mervak-cli page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
+     u"Afegeix les àrees del MODEL a la PÀGINA.\n",
+     u"Uso: mervak-cli page-paste ARCHIVO PÁGINA MODELO [--output SALIDA]\n"
+     u"Añade las áreas del MODELO a la PÁGINA.\n"},
+    {u"Ús: mervak-cli page-delete FITXER PÀGINA [--output SORTIDA]\n"
+     u"Elimina la PÀGINA i les seves àrees; les pàgines següents baixen un\n"
+     u"número. L'única pàgina d'una plantilla no s'elimina (estat de\n"
+     u"sortida 2).\n",
+     u"Uso: mervak-cli page-delete ARCHIVO PÁGINA [--output SALIDA]\n"
+     u"Elimina la PÁGINA y sus áreas; las páginas siguientes bajan un\n"
+     u"número. La única página de una plantilla no se elimina (estado de\n"
+     u"salida 2).\n"},
+    {u"Ús: mervak-cli action TEXT [opcions]\n"
+     u"Executa un text d'accions: escriu les tecles a la finestra de destinació i\n"
+     u"executa els blocs d'ordres ({|Pagina 2}, {|Espera 1}, {|Mouse M 0 0 }...).\n"
+     u"\n"
+     u"  --dry-run          no toca res: escriu cada efecte com una línia JSON\n"
+     u"  --target TÍTOL     la finestra que rep les tecles (títol exacte o el seu\n"
+     u"                     començament, sense distingir majúscules); \"|\" cap\n"
+     u"  --register TEXT    el registre de memòria en començar\n"
+     u"  --clipboard TEXT   posa el text al porta-retalls abans de començar\n"
+     u"  --seed N           llavor de {|Tria}, per repetir les mateixes tries\n"
+     u"  --folder CARPETA   la carpeta de treball (la carpeta actual si no n'hi ha)\n"
+     u"  --key-delay MS     pausa entre dues tecles, en mil·lisegons (0 per defecte)\n"
+     u"  --                 acaba les opcions: action -- \"-5\" escriu -5\n"
+     u"\n"
+     u"Sense --dry-run cal una pantalla X (DISPLAY).\n"
+     u"Estat de sortida: 0 correcte; 1 hi ha hagut problemes (notació mal escrita,\n"
+     u"finestra o fitxer no trobat, sense pantalla); 2 ordre mal escrita.\n",
+     u"Uso: mervak-cli action TEXTO [opciones]\n"
+     u"Ejecuta un texto de acciones: escribe las teclas en la ventana de destino y\n"
+     u"ejecuta los bloques de órdenes ({|Pagina 2}, {|Espera 1}, {|Mouse M 0 0 }...).\n"
+     u"\n"
+     u"  --dry-run          no toca nada: escribe cada efecto como una línea JSON\n"
+     u"  --target TÍTULO    la ventana que recibe las teclas (título exacto o su\n"
+     u"                     comienzo, sin distinguir mayúsculas); \"|\" ninguna\n"
+     u"  --register TEXTO   el registro de memoria al empezar\n"
+     u"  --clipboard TEXTO  pone el texto en el portapapeles antes de empezar\n"
+     u"  --seed N           semilla de {|Tria}, para repetir las mismas elecciones\n"
+     u"  --folder CARPETA   la carpeta de trabajo (la carpeta actual si no la hay)\n"
+     u"  --key-delay MS     pausa entre dos teclas, en milisegundos (0 por defecto)\n"
+     u"  --                 termina las opciones: action -- \"-5\" escribe -5\n"
+     u"\n"
+     u"Sin --dry-run hace falta una pantalla X (DISPLAY).\n"
+     u"Estado de salida: 0 correcto; 1 ha habido problemas (notación mal escrita,\n"
+     u"ventana o archivo no encontrado, sin pantalla); 2 orden mal escrita.\n"},
     // Webcam tracker calibration form.
     {u"Calibrar", u"Calibrar"},
     {u"Test", u"Test"},

@@ -1,13 +1,18 @@
 #pragma once
 
+#include "platform/Language.h"
+
 #include <QString>
 #include <QStringList>
+#include <optional>
+
+class QCommandLineParser;
 
 namespace mervak {
 
 // Where MERVAK.INI, the undo snapshot and the page models live.
 struct HomeFolderInputs {
-    QStringList arguments;      // the command line, program name excluded
+    QString homeOption;         // the value of "--home", empty when not given
     QString mervakHomeVariable; // MERVAK_HOME, empty when unset
     QString xdgConfigHome;      // XDG_CONFIG_HOME, empty when unset
     QString userHome;           // HOME
@@ -19,11 +24,42 @@ struct HomeFolderInputs {
 // (~/.config/mervak when unset). The folder is not created here.
 QString chooseHomeFolder(const HomeFolderInputs& inputs);
 
-// The same choice from this process's environment and command line.
-HomeFolderInputs currentHomeFolderInputs(const QStringList& argumentsAfterProgram,
-                                         const QString& executableFolder);
+// The same choice from this process's environment and executable.
+HomeFolderInputs currentHomeFolderInputs(const QString& homeOption);
 
-// Removes "--home DIR" from the arguments, leaving what the program reads as its own.
-QStringList withoutHomeOption(const QStringList& arguments);
+// The folder of the running executable, known before any application object
+// exists (the command-line tool's "action" makes its own).
+QString executableFolder();
+
+// Why a command line was refused: a Catalan caption with "%1" standing for the
+// argument at fault.
+struct CommandLineError {
+    QString caption;
+    QString argument;
+    QString text(Language language) const;
+};
+
+// Parses `arguments` (the program name first) with the options `parser` was
+// given; the error names the unknown option, or the option whose value is missing.
+std::optional<CommandLineError> parseCommandLine(QCommandLineParser& parser,
+                                                 const QStringList& arguments);
+
+// The program's command line: "--home DIR", "--help", "--version" and at most
+// one Template; "--" ends the options.
+struct ProgramCommandLine {
+    QString homeOption;
+    QString templatePath; // absolute; empty when none was named
+    bool help = false;
+    bool version = false;
+    std::optional<CommandLineError> error;
+};
+
+// `arguments` starts with the program name. A relative Template path is taken
+// against `currentFolder`, so that the working folder derived from it is a real one.
+ProgramCommandLine parseProgramCommandLine(const QStringList& arguments,
+                                           const QString& currentFolder);
+
+// The help of the program's command line, in Catalan (a caption of the dictionary).
+QString programHelpCaption();
 
 } // namespace mervak

@@ -93,6 +93,10 @@ bool canDeletePage(const Template& t) {
     return t.PageCount >= 1;
 }
 
+bool hasOtherPages(const Template& t) {
+    return t.PageCount > 1;
+}
+
 std::optional<TemplateError> savePageModel(const Template& t, const QString& folder,
                                            const QString& nompag) {
     return writeFileBytes(pageModelPath(folder, nompag), writePageModel(t, t.CurrentPage));

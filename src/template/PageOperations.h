@@ -31,6 +31,9 @@ void insertPage(Template& t, int16_t placingCode);
 // offer the command only while canDeletePage().
 void deletePage(Template& t);
 bool canDeletePage(const Template& t);
+// True while a page other than the current one exists: the editor and the
+// command-line tool delete pages only then, so that a Template keeps one.
+bool hasOtherPages(const Template& t);
 
 // Writes the current page's Areas to the model `nompag` in `folder`.
 std::optional<TemplateError> savePageModel(const Template& t, const QString& folder,

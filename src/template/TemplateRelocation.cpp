@@ -5,9 +5,11 @@
 #include "template/FileReferences.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QSet>
+#include <algorithm>
 
 namespace mervak {
 
@@ -42,6 +44,15 @@ public:
         return name;
     }
 
+    // A program named relative to the folder goes along when it is there; any
+    // other name is left as it stands, for the system's search path.
+    QString relocateProgram(const QString& stored) {
+        if (isAbsoluteStoredPath(stored))
+            return stored;
+        const QString found = findCaseInsensitive(QDir(m_source).filePath(toLocalPath(stored)));
+        return QFileInfo(found).isFile() ? relocate(stored) : stored;
+    }
+
 private:
     QString copyUnderFreeName(const QString& source, const QString& wanted) {
         QByteArray content;
@@ -60,11 +71,14 @@ private:
                     return QFileInfo(existing).fileName();
                 continue;
             }
-            if (auto error = writeFileBytes(QDir(m_target).filePath(name), content)) {
+            const QString copy = QDir(m_target).filePath(name);
+            if (auto error = writeFileBytes(copy, content)) {
                 m_report.error = error;
                 return {};
             }
-            m_report.copied.append(QDir(m_target).filePath(name));
+            // A program keeps its permission to run.
+            QFile::setPermissions(copy, QFileInfo(source).permissions());
+            m_report.copied.append(copy);
             return name;
         }
     }
@@ -83,12 +97,17 @@ private:
 };
 
 void relocateActionText(FileCopier& copier, Area& a) {
-    const QList<FileReference> references = fileReferences(a.ActionText);
+    QList<FileReference> references =
+        fileReferences(a.ActionText) + programReferences(a.ActionText);
     if (references.isEmpty())
         return;
+    std::sort(references.begin(), references.end(),
+              [](const FileReference& x, const FileReference& y) { return x.start < y.start; });
     QStringList names;
     for (const FileReference& reference : references)
-        names.append(copier.relocate(reference.name));
+        names.append(reference.keyword == QLatin1String("EXECUTA")
+                         ? copier.relocateProgram(reference.name)
+                         : copier.relocate(reference.name));
     a.ActionText = withReferenceNames(a.ActionText, references, names);
 }
 
@@ -114,6 +133,14 @@ bool movesFolder(const Template& t, const QString& newFile) {
         return false;
     return canonicalFolder(QFileInfo(t.TemplateFileName).absolutePath()) !=
            canonicalFolder(QFileInfo(newFile).absolutePath());
+}
+
+RelocationReport relocateUntitled(Template& t, const QString& workingFolder,
+                                  const QString& newFile) {
+    const QString targetFolder = QFileInfo(newFile).absolutePath();
+    if (canonicalFolder(workingFolder) == canonicalFolder(targetFolder))
+        return {};
+    return relocateFiles(t, workingFolder, targetFolder);
 }
 
 } // namespace mervak

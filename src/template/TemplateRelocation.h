@@ -15,9 +15,10 @@ struct RelocationReport {
 };
 
 // Prepares a Template that is being saved from `sourceFolder` into `targetFolder`:
-// the sheet image, each Area's Clip and every file named by "{|Enganxa ...}" and
-// "{|Sona ...}" blocks are found from `sourceFolder` and copied into
-// `targetFolder` under their own file names, and their references become those
+// the sheet image, each Area's Clip, every file named by "{|Enganxa ...}" and
+// "{|Sona ...}" blocks and the programs "{|Executa ...}" blocks name relative to
+// `sourceFolder` and find there are copied into `targetFolder` under their own
+// file names (keeping their permissions), and their references become those
 // bare names. A name already taken there by a different file gets "-2", "-3"...
 // before its extension; a file with the same content is reused, never overwritten.
 RelocationReport relocateFiles(Template& t, const QString& sourceFolder,
@@ -26,5 +27,12 @@ RelocationReport relocateFiles(Template& t, const QString& sourceFolder,
 // True when saving `t` as `newFile` puts it in another folder than its own
 // file's; never for an untitled Template.
 bool movesFolder(const Template& t, const QString& newFile);
+
+// An untitled Template's relative names resolve against the working folder.
+// Saved as `newFile` in another folder, it takes along what they name there,
+// as relocateFiles does; in the same folder nothing changes. (A Template with
+// a file has its files moved as it is saved.)
+RelocationReport relocateUntitled(Template& t, const QString& workingFolder,
+                                  const QString& newFile);
 
 } // namespace mervak

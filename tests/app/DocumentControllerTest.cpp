@@ -1,4 +1,5 @@
 #include "EditorFixture.h"
+#include "platform/PathResolver.h"
 #include "support/TestFiles.h"
 #include "template/TemplateFile.h"
 
@@ -63,7 +64,7 @@ TEST_F(DocumentControllerTest, NoDropsTheChangesAndOpens) {
     EXPECT_FALSE(tmpl.Modified) << "a Template just read equals its file";
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - ") + path);
     EXPECT_EQ(workingFolder, home.path());
-    EXPECT_EQ(window.panel()->areaCounter()->text(), QStringLiteral("0/1 àrees"));
+    EXPECT_EQ(window.panel()->areaCounter()->text(), QStringLiteral("----- àrees"));
 }
 
 TEST_F(DocumentControllerTest, YesSavesFirstThroughTheSaveDialog) {
@@ -108,6 +109,44 @@ TEST_F(DocumentControllerTest, SavingAnImportOffersTheMvwName) {
         },
         [this] { EXPECT_FALSE(document.save()); });
     EXPECT_EQ(tmpl.TemplateFileName, mvd);
+}
+
+TEST_F(DocumentControllerTest, AnUntitledTemplateSavedElsewhereFindsItsFilesFromThere) {
+    const QDir working(home.path());
+    for (const char* name : {"dibuix.bmp", "so.WAV", "text.txt", "el joc.sh"})
+        test::writeAll(working.filePath(QString::fromUtf8(name)), name);
+    QFile::setPermissions(working.filePath(QStringLiteral("el joc.sh")),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    tmpl.NewTemplate();
+    Area area =
+        makeArea(0, 0, 60, 60, 1,
+                 QStringLiteral("{|Sona so.WAV}{|Executa \"el joc.sh\" -n 2}{|Enganxa text.txt}"
+                                "{|Executa gnome-calculator}"));
+    area.Clip = QStringLiteral("dibuix.bmp");
+    tmpl.AppendArea(area);
+    QTemporaryDir elsewhere;
+    const QString saved = QDir(elsewhere.path()).filePath(QStringLiteral("classe.mvw"));
+    whenModal(
+        [saved](QWidget* modal) {
+            auto* dialog = qobject_cast<QFileDialog*>(modal);
+            ASSERT_NE(dialog, nullptr);
+            dialog->selectFile(saved);
+            QMetaObject::invokeMethod(dialog, "accept");
+        },
+        [this] { EXPECT_TRUE(document.saveAs()); });
+    tmpl.NewTemplate();
+    ASSERT_TRUE(document.open(saved));
+    ASSERT_EQ(workingFolder, elsewhere.path());
+    const Area& opened = tmpl.area(1);
+    EXPECT_EQ(opened.ActionText, QStringLiteral("{|Sona so.WAV}{|Executa \"el joc.sh\" -n 2}"
+                                                "{|Enganxa text.txt}{|Executa gnome-calculator}"))
+        << "the path's program is left alone";
+    for (const QString& name : {opened.Clip, QStringLiteral("so.WAV"), QStringLiteral("text.txt")})
+        EXPECT_EQ(QFileInfo(resolveStoredPath(name, workingFolder)).absolutePath(),
+                  elsewhere.path())
+            << name;
+    EXPECT_TRUE(
+        QFileInfo(QDir(workingFolder).filePath(QStringLiteral("el joc.sh"))).isExecutable());
 }
 
 TEST_F(DocumentControllerTest, AnUnchangedTemplateIsReplacedWithoutAsking) {

@@ -269,8 +269,21 @@ TEST_F(AreaEditorTest, PagesChangeOnlyToExistingOnes) {
     EXPECT_FALSE(editor.showPage(1));
     EXPECT_TRUE(editor.showPage(2));
     EXPECT_EQ(tmpl.CurrentPage, 2);
-    EXPECT_EQ(tmpl.PageAreaCount, 1);
-    EXPECT_EQ(tmpl.CurrentArea, 0);
+    EXPECT_EQ(tmpl.SelectedArea, 2) << "a page shown anew selects its first Area";
+    EXPECT_EQ(editor.counters(),
+              (CounterTexts{QStringLiteral("1/1 àrees"), QStringLiteral("2/2 pàgines")}));
+}
+
+TEST_F(AreaEditorTest, CountersStartAtZeroThenShowDashesWithoutASelection) {
+    const CounterTexts dashes{QStringLiteral("----- àrees"), QStringLiteral("----- pàgines")};
+    Template empty;
+    AreaEditor start{{empty, snapshot, [] {}, [] { return Language::Catalan; }}};
+    start.reset(); // the empty Template the program starts with
+    EXPECT_EQ(start.counters(), startCounterTexts());
+    start.select(0);
+    EXPECT_EQ(start.counters(), dashes);
+    editor.reset(); // a Template with Areas, as one opened
+    EXPECT_EQ(editor.counters(), dashes);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "editor/PageEditor.h"
 
+#include "editor/AreaSelection.h"
 #include "support/TestFiles.h"
 #include "template/PageOperations.h"
 
@@ -45,7 +46,8 @@ TEST_F(PageEditorTest, DeletingAPageShowsTheLastAndUndoes) {
     EXPECT_EQ(tmpl.CurrentPage, 2);
     EXPECT_EQ(pages(), (QList<int16_t>{1, 2}));
     EXPECT_TRUE(tmpl.Modified);
-    EXPECT_EQ(tmpl.PageAreaCount, 1);
+    EXPECT_EQ(tmpl.SelectedArea, 2);
+    EXPECT_EQ(counterTexts(tmpl).MsgArea, QStringLiteral("1/1 àrees"));
     ASSERT_FALSE(snapshot.undo(tmpl));
     EXPECT_EQ(tmpl.PageCount, 3);
     EXPECT_EQ(pages(), (QList<int16_t>{1, 2, 3, 2}));

@@ -5,6 +5,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -25,10 +26,14 @@ protected:
 
     QString file(const QString& name) const { return QDir(dir.path()).filePath(name); }
 
-    CliRun run(QStringList arguments) const {
+    // Messages follow MERVAK.INI in the home folder, else `lang`.
+    CliRun run(QStringList arguments, const QString& lang = QStringLiteral("C")) const {
         arguments.prepend(QStringLiteral("--home"));
         arguments.insert(1, file(QStringLiteral("home")));
         QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("LANG"), lang);
+        process.setProcessEnvironment(environment);
         process.setWorkingDirectory(dir.path());
         process.start(QStringLiteral(MERVAK_CLI), arguments);
         process.waitForFinished(30000);
@@ -99,6 +104,64 @@ TEST_F(CliTest, ExitStatusAndMessages) {
         EXPECT_TRUE(r.err.contains(QString::fromUtf8(c.stderrHas)))
             << c.name << ": " << r.err.toStdString();
     }
+}
+
+TEST_F(CliTest, CommandLineConventions) {
+    QFile::copy(dataPath("template/golden-v2.mvw"), file("-t.mvw"));
+    const struct {
+        QStringList arguments;
+        int status;
+        const char* out;
+        const char* err; // the whole of stderr
+    } cases[] = {
+        {{"--version"}, 0, "mervak-cli 0.1.0\n", ""},
+        {{"info", "--", "-t.mvw"}, 0, "PageCount: 2", ""},
+        {{"action", "--dry-run", "--", "-5"}, 0, R"("text":"-5")", ""},
+        {{"info", "-t.mvw"}, 2, "", "Opció desconeguda: -t.mvw\n"},
+        {{"--speed", "info"}, 2, "", "Opció desconeguda: --speed\n"},
+        {{"page-delete", "x.mvw", "1", "--output"}, 2, "", "Falta el valor després de --output\n"},
+    };
+    for (const auto& c : cases) {
+        const CliRun r = run(c.arguments);
+        const QString name = c.arguments.join(u' ');
+        EXPECT_EQ(r.status, c.status) << name << ": " << r.err;
+        EXPECT_TRUE(r.out.contains(QString::fromUtf8(c.out))) << name << ": " << r.out;
+        EXPECT_EQ(r.err, QString::fromUtf8(c.err)) << name;
+    }
+}
+
+TEST_F(CliTest, MessagesFollowMervakIniElseLang) {
+    const QString ini = QDir(file(QStringLiteral("home"))).filePath(QStringLiteral("MERVAK.INI"));
+    const struct {
+        const char* idioma; // nothing: no MERVAK.INI
+        const char* lang;
+        const char* says;
+    } cases[] = {
+        {nullptr, "es_ES.UTF-8", "Orden desconocida: fes"},
+        {nullptr, "ca_ES.UTF-8", "Ordre desconeguda: fes"},
+        {"ESPAÑOL", "C", "Orden desconocida: fes"},
+        {"CATALA", "es_ES.UTF-8", "Ordre desconeguda: fes"},
+    };
+    for (const auto& c : cases) {
+        QFile::remove(ini);
+        if (c.idioma) {
+            QDir().mkpath(file(QStringLiteral("home")));
+            test::writeAll(ini, QByteArray("[Mervak]\nIDIOMA=") + c.idioma + '\n');
+        }
+        const CliRun r = run({QStringLiteral("fes")}, QString::fromUtf8(c.lang));
+        EXPECT_TRUE(r.err.startsWith(QString::fromUtf8(c.says))) << c.lang << ": " << r.err;
+    }
+}
+
+TEST_F(CliTest, TheOnlyPageIsNotDeleted) {
+    QFile::copy(dataPath("template/golden-v2.mvw"), file("t.mvw"));
+    ASSERT_EQ(run({QStringLiteral("page-delete"), file("t.mvw"), QStringLiteral("2")}).status, 0);
+    const QByteArray before = test::readAll(file("t.mvw"));
+    const CliRun r = run({QStringLiteral("page-delete"), file("t.mvw"), QStringLiteral("1")});
+    EXPECT_EQ(r.status, 2);
+    EXPECT_EQ(r.err, QStringLiteral("La plantilla només té una pàgina i no es pot eliminar: no "
+                                    "s'ha fet res.\n"));
+    EXPECT_EQ(test::readAll(file("t.mvw")), before);
 }
 
 TEST_F(CliTest, HelpForEveryCommand) {

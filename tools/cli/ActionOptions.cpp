@@ -1,5 +1,9 @@
 #include "ActionOptions.h"
 
+#include "CliText.h"
+#include "platform/HomeFolder.h"
+
+#include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
 
@@ -7,38 +11,38 @@ namespace mervak::cli {
 
 namespace {
 
-bool takesValue(const QString& option) {
-    static const QStringList withValue = {"--register", "--clipboard", "--seed",
-                                          "--target",   "--folder",    "--key-delay"};
-    return withValue.contains(option);
+const QStringList& valueOptions() {
+    static const QStringList names = {"register", "clipboard", "seed",
+                                      "target",   "folder",    "key-delay"};
+    return names;
 }
 
 // Sets the option; false, with the reason, when its value is wrong.
 bool apply(ActionOptions& options, const QString& option, const QString& value, QString* error) {
     bool ok = true;
-    if (option == u"--register") {
+    if (option == u"register") {
         options.memoryRegister = value;
-    } else if (option == u"--clipboard") {
+    } else if (option == u"clipboard") {
         options.clipboard = value;
-    } else if (option == u"--target") {
+    } else if (option == u"target") {
         options.targetTitle = value;
-    } else if (option == u"--seed") {
+    } else if (option == u"seed") {
         options.seed = value.toULongLong(&ok);
         if (!ok)
-            *error = QStringLiteral("--seed vol un nombre enter no negatiu: %1").arg(value);
-    } else if (option == u"--key-delay") {
+            *error = text(QStringLiteral("--seed vol un nombre enter no negatiu: %1")).arg(value);
+    } else if (option == u"key-delay") {
         options.keyDelayMs = value.toInt(&ok);
         ok = ok && options.keyDelayMs >= 0 && options.keyDelayMs <= kMaxKeyDelayMs;
         if (!ok)
-            *error = QStringLiteral("--key-delay vol els mil·lisegons entre dues tecles, de 0 a "
-                                    "%1: %2")
+            *error = text(QStringLiteral("--key-delay vol els mil·lisegons entre dues tecles, "
+                                         "de 0 a %1: %2"))
                          .arg(kMaxKeyDelayMs)
                          .arg(value);
     } else {
         ok = QFileInfo(value).isDir();
         options.folder = QDir(value).absolutePath();
         if (!ok)
-            *error = QStringLiteral("No es troba la carpeta %1").arg(value);
+            *error = text(QStringLiteral("No es troba la carpeta %1")).arg(value);
     }
     return ok;
 }
@@ -46,36 +50,32 @@ bool apply(ActionOptions& options, const QString& option, const QString& value, 
 } // namespace
 
 std::optional<ActionOptions> parseActionOptions(const QStringList& arguments, QString* error) {
+    QCommandLineParser parser;
+    const QCommandLineOption dryRun(QStringLiteral("dry-run"), QString());
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QString());
+    parser.addOptions({dryRun, help});
+    for (const QString& name : valueOptions())
+        parser.addOption(QCommandLineOption(name, QString(), name));
+    if (const auto refused =
+            parseCommandLine(parser, QStringList{QStringLiteral("action")} + arguments)) {
+        *error = refused->text(language());
+        return std::nullopt;
+    }
     ActionOptions options;
     options.folder = QDir::currentPath();
-    QStringList positional;
-    for (qsizetype i = 0; i < arguments.size(); ++i) {
-        const QString& argument = arguments[i];
-        if (argument == u"--dry-run") {
-            options.dryRun = true;
-        } else if (argument == u"--help" || argument == u"-h") {
-            options.help = true;
-        } else if (takesValue(argument)) {
-            if (i + 1 == arguments.size()) {
-                *error = QStringLiteral("Falta el valor després de %1").arg(argument);
-                return std::nullopt;
-            }
-            if (!apply(options, argument, arguments[++i], error))
-                return std::nullopt;
-        } else if (argument.startsWith(u"--")) {
-            *error = QStringLiteral("Opció desconeguda: %1").arg(argument);
+    options.dryRun = parser.isSet(dryRun);
+    options.help = parser.isSet(help);
+    for (const QString& name : valueOptions())
+        if (parser.isSet(name) && !apply(options, name, parser.value(name), error))
             return std::nullopt;
-        } else {
-            positional.append(argument);
-        }
-    }
     if (options.help)
         return options;
+    const QStringList positional = parser.positionalArguments();
     if (positional.size() != 1) {
         *error = positional.isEmpty()
-                     ? QStringLiteral("Falta el text d'accions")
-                     : QStringLiteral("Només hi pot haver un text d'accions; poseu-lo entre "
-                                      "cometes si té espais");
+                     ? text(QStringLiteral("Falta el text d'accions"))
+                     : text(QStringLiteral("Només hi pot haver un text d'accions; poseu-lo "
+                                           "entre cometes si té espais"));
         return std::nullopt;
     }
     options.text = positional.first();
@@ -83,7 +83,7 @@ std::optional<ActionOptions> parseActionOptions(const QStringList& arguments, QS
 }
 
 QString actionHelp() {
-    return QStringLiteral(
+    return text(QStringLiteral(
         "Ús: mervak-cli action TEXT [opcions]\n"
         "Executa un text d'accions: escriu les tecles a la finestra de destinació i\n"
         "executa els blocs d'ordres ({|Pagina 2}, {|Espera 1}, {|Mouse M 0 0 }...).\n"
@@ -96,10 +96,11 @@ QString actionHelp() {
         "  --seed N           llavor de {|Tria}, per repetir les mateixes tries\n"
         "  --folder CARPETA   la carpeta de treball (la carpeta actual si no n'hi ha)\n"
         "  --key-delay MS     pausa entre dues tecles, en mil·lisegons (0 per defecte)\n"
+        "  --                 acaba les opcions: action -- \"-5\" escriu -5\n"
         "\n"
         "Sense --dry-run cal una pantalla X (DISPLAY).\n"
         "Estat de sortida: 0 correcte; 1 hi ha hagut problemes (notació mal escrita,\n"
-        "finestra o fitxer no trobat, sense pantalla); 2 ordre mal escrita.\n");
+        "finestra o fitxer no trobat, sense pantalla); 2 ordre mal escrita.\n"));
 }
 
 } // namespace mervak::cli

@@ -22,8 +22,8 @@ struct ActionOptions {
 
 constexpr int kMaxKeyDelayMs = 1000;
 
-// Reads the arguments that follow "action". Nothing, with the reason in
-// Catalan in `error`, when they are wrong.
+// Reads the arguments that follow "action"; "--" ends the options. Nothing,
+// with the reason in `error`, when they are wrong.
 std::optional<ActionOptions> parseActionOptions(const QStringList& arguments, QString* error);
 
 QString actionHelp();

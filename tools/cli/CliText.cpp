@@ -1,32 +1,61 @@
 #include "CliText.h"
 
+#include "platform/PrivateProfile.h"
+#include "platform/Settings.h"
+
+#include <QFileInfo>
 #include <QHash>
 
 namespace mervak::cli {
 
 namespace {
 
+Language& chosenLanguage() {
+    static Language chosen = Language::Catalan;
+    return chosen;
+}
+
 QString areaPrefix(int16_t area) {
-    return QStringLiteral("àrea %1: ").arg(area);
+    return text(QStringLiteral("àrea %1: ")).arg(area);
 }
 
 QString where(const TemplateError& error, const QString& path) {
     if (error.line <= 0)
         return {};
     const bool binary = path.endsWith(QStringLiteral(".mvd"), Qt::CaseInsensitive);
-    return (binary ? QStringLiteral(" (registre %1)") : QStringLiteral(" (línia %1)"))
+    return text(binary ? QStringLiteral(" (registre %1)") : QStringLiteral(" (línia %1)"))
         .arg(error.line);
 }
 
 } // namespace
 
+Language chooseLanguage(const QString& homeFolder, const QString& lang) {
+    const QString settings = settingsFilePath(homeFolder);
+    if (QFileInfo::exists(settings))
+        return readSettings(PrivateProfile(settings)).language;
+    return lang.startsWith(QLatin1String("es")) ? Language::Spanish : Language::Catalan;
+}
+
+void setLanguage(Language language) {
+    chosenLanguage() = language;
+}
+
+Language language() {
+    return chosenLanguage();
+}
+
+QString text(const QString& catalan) {
+    return TranslateCaption(language(), catalan);
+}
+
 QString errorText(const TemplateError& error, const QString& path) {
-    QString text = Message(Language::Catalan, error.message);
-    text += error.argument.isEmpty() ? QStringLiteral(": ") + path : error.argument;
-    text += where(error, path);
+    QString message = error.text(language());
+    if (error.argument.isEmpty())
+        message += QStringLiteral(": ") + path;
+    message += where(error, path);
     if (error.message == TemplateMessage::GeneralError && !error.detail.isEmpty())
-        text += QStringLiteral(" [") + error.detail + u']';
-    return text;
+        message += QStringLiteral(" [") + error.detail + u']';
+    return message;
 }
 
 QString problemText(const TemplateProblem& problem, int16_t pageCount) {
@@ -34,25 +63,25 @@ QString problemText(const TemplateProblem& problem, int16_t pageCount) {
     const QString area = areaPrefix(problem.area);
     switch (problem.kind) {
     case K::PageOutOfRange:
-        return area +
-               QStringLiteral("és a la pàgina %1, fora de les pàgines de la plantilla (1 a %2)")
-                   .arg(problem.text)
-                   .arg(pageCount);
+        return area + text(QStringLiteral("és a la pàgina %1, fora de les pàgines de la "
+                                          "plantilla (1 a %2)"))
+                          .arg(problem.text)
+                          .arg(pageCount);
     case K::ZeroSize:
-        return area + QStringLiteral("no té amplada o no té alçada");
+        return area + text(QStringLiteral("no té amplada o no té alçada"));
     case K::SheetImageMissing:
-        return QStringLiteral("no es troba la imatge de la làmina: ") + problem.text;
+        return text(QStringLiteral("no es troba la imatge de la làmina: ")) + problem.text;
     case K::SheetImageComma:
-        return QStringLiteral("el nom de la imatge de la làmina té una coma i no es llegirà "
-                              "sencer: ") +
+        return text(QStringLiteral("el nom de la imatge de la làmina té una coma i no es "
+                                   "llegirà sencer: ")) +
                problem.text;
     case K::ClipMissing:
-        return area + QStringLiteral("no es troba el fitxer del retall: ") + problem.text;
+        return area + text(QStringLiteral("no es troba el fitxer del retall: ")) + problem.text;
     case K::FileMissing:
-        return area + QStringLiteral("no es troba el fitxer: ") + problem.text;
+        return area + text(QStringLiteral("no es troba el fitxer: ")) + problem.text;
     case K::SoundNotPlayable:
-        return area + QStringLiteral("el so %1 no sonarà: el nom ha d'acabar exactament en .WAV "
-                                     "o .MID")
+        return area + text(QStringLiteral("el so %1 no sonarà: el nom ha d'acabar exactament "
+                                          "en .WAV o .MID"))
                           .arg(problem.text);
     }
     return {};
@@ -63,30 +92,32 @@ QString lossText(const MvdLoss& loss) {
     const QString area = areaPrefix(loss.area);
     switch (loss.kind) {
     case K::HeaderField:
-        return QStringLiteral("el format MS-DOS no desa el camp ") + loss.text;
+        return text(QStringLiteral("el format MS-DOS no desa el camp ")) + loss.text;
     case K::PageCountCut:
-        return QStringLiteral("el format MS-DOS desa de 1 a 255 pàgines (la plantilla en té %1)")
+        return text(QStringLiteral("el format MS-DOS desa de 1 a 255 pàgines (la plantilla en "
+                                   "té %1)"))
             .arg(loss.text);
     case K::CoordinateCut:
-        return area + QStringLiteral("la coordenada %1 no hi cap i s'ha retallat").arg(loss.text);
+        return area +
+               text(QStringLiteral("la coordenada %1 no hi cap i s'ha retallat")).arg(loss.text);
     case K::PageOutOfRange:
-        return area + QStringLiteral("és a la pàgina %1, que el format MS-DOS no pot desar; "
-                                     "l'àrea no s'ha desat")
+        return area + text(QStringLiteral("és a la pàgina %1, que el format MS-DOS no pot "
+                                          "desar; l'àrea no s'ha desat"))
                           .arg(loss.text);
     case K::ClipNotStored:
-        return area + QStringLiteral("el format MS-DOS no desa el retall ni els indicadors");
+        return area + text(QStringLiteral("el format MS-DOS no desa el retall ni els indicadors"));
     case K::KeysNotStored:
-        return area +
-               QStringLiteral("«%1» no té codi de tecla MS-DOS i no s'ha desat").arg(loss.text);
+        return area + text(QStringLiteral("«%1» no té codi de tecla MS-DOS i no s'ha desat"))
+                          .arg(loss.text);
     case K::KeyTextCut:
-        return area +
-               QStringLiteral("el text de tecles no hi cap; «%1» no s'ha desat").arg(loss.text);
+        return area + text(QStringLiteral("el text de tecles no hi cap; «%1» no s'ha desat"))
+                          .arg(loss.text);
     }
     return {};
 }
 
 QString generalHelp() {
-    return QStringLiteral(
+    return text(QStringLiteral(
         "Ús: mervak-cli [--home CARPETA] ORDRE ...\n"
         "\n"
         "Treballa amb plantilles de Mervak (.mvw versions 1 i 2, .mvd de MS-DOS)\n"
@@ -106,10 +137,16 @@ QString generalHelp() {
         "  action TEXT [--dry-run]  executa un ActionText (escriu a la finestra de destinació\n"
         "                           o, amb --dry-run, llista els efectes en JSON)\n"
         "\n"
-        "mervak-cli ORDRE --help dóna l'ajuda de cada ordre.\n"
+        "  --home CARPETA           la carpeta de MERVAK.INI i dels models de pàgina\n"
+        "  --help                   aquesta ajuda; mervak-cli ORDRE --help, la de l'ordre\n"
+        "  --version                la versió\n"
+        "  --                       acaba les opcions (per a un nom o un text que\n"
+        "                           comenci amb \"-\")\n"
+        "\n"
+        "Els missatges són en la llengua de MERVAK.INI (IDIOMA) o, si no n'hi ha, de LANG.\n"
         "Estat de sortida: 0 correcte; 1 un fitxer no s'ha pogut llegir o escriure;\n"
-        "2 ordre mal escrita; 3 fet, però amb avisos (problemes trobats o dades que\n"
-        "el format .mvd no pot desar).\n");
+        "2 ordre mal escrita o un canvi que la plantilla no admet; 3 fet, però amb avisos\n"
+        "(problemes trobats o dades que el format .mvd no pot desar).\n"));
 }
 
 QString commandHelp(const QString& command) {
@@ -155,9 +192,10 @@ QString commandHelp(const QString& command) {
         {QStringLiteral("page-delete"),
          QStringLiteral("Ús: mervak-cli page-delete FITXER PÀGINA [--output SORTIDA]\n"
                         "Elimina la PÀGINA i les seves àrees; les pàgines següents baixen un\n"
-                        "número.\n")},
+                        "número. L'única pàgina d'una plantilla no s'elimina (estat de\n"
+                        "sortida 2).\n")},
     };
-    return help.value(command);
+    return text(help.value(command));
 }
 
 } // namespace mervak::cli

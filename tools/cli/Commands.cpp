@@ -3,11 +3,13 @@
 #include "CliText.h"
 #include "TemplateJson.h"
 #include "platform/Checked16.h"
+#include "platform/HomeFolder.h"
 #include "template/PageModel.h"
 #include "template/PageOperations.h"
 #include "template/TemplateCheck.h"
 #include "template/TemplateFile.h"
 
+#include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
 #include <functional>
@@ -16,31 +18,12 @@ namespace mervak::cli {
 
 namespace {
 
-// The positional arguments and the options ("--name" or "--name VALUE") of a command.
+// The positional arguments and the options of a command.
 struct Arguments {
     QStringList positional;
-    QStringList flags;
+    QStringList flags; // the flags given, named without their dashes
     QString output;
 };
-
-std::optional<Arguments> splitArguments(const QStringList& arguments, CommandContext& c) {
-    Arguments split;
-    for (qsizetype i = 0; i < arguments.size(); ++i) {
-        const QString& argument = arguments[i];
-        if (argument == QStringLiteral("--output")) {
-            if (i + 1 == arguments.size()) {
-                c.err << "Falta el nom després de --output\n";
-                return std::nullopt;
-            }
-            split.output = arguments[++i];
-        } else if (argument.startsWith(QStringLiteral("--"))) {
-            split.flags.append(argument);
-        } else {
-            split.positional.append(argument);
-        }
-    }
-    return split;
-}
 
 int usage(const QString& command, CommandContext& c) {
     c.err << commandHelp(command);
@@ -66,7 +49,8 @@ bool isTemplateName(const QString& path) {
 // Saves as version 2, or exports when the name ends in ".mvd".
 int save(Template& t, const QString& path, CommandContext& c) {
     if (!isTemplateName(path)) {
-        c.err << "El nom de sortida ha d'acabar en .mvw o .mvd: " << path << '\n';
+        c.err << text(QStringLiteral("El nom de sortida ha d'acabar en .mvw o .mvd: ")) << path
+              << '\n';
         return kUsage;
     }
     const bool mvd = path.toUpper().endsWith(QStringLiteral(".MVD"));
@@ -76,9 +60,9 @@ int save(Template& t, const QString& path, CommandContext& c) {
         return kFailure;
     }
     for (const QString& copied : outcome.copiedFiles)
-        c.out << "Copiat: " << copied << '\n';
+        c.out << text(QStringLiteral("Copiat: ")) << copied << '\n';
     for (const QString& missing : outcome.missingFiles)
-        c.err << Message(Language::Catalan, TemplateMessage::FileNotFound) << missing << '\n';
+        c.err << Message(language(), TemplateMessage::FileNotFound) << missing << '\n';
     for (const MvdLoss& loss : outcome.losses)
         c.err << lossText(loss) << '\n';
     return outcome.losses.isEmpty() ? kSuccess : kWithNotes;
@@ -88,7 +72,10 @@ std::optional<int16_t> pageNumber(const Template& t, const QString& text, Comman
     bool ok = false;
     const int page = text.toInt(&ok);
     if (!ok || page < 1 || page > t.PageCount) {
-        c.err << "La pàgina ha de ser un número de 1 a " << t.PageCount << ": " << text << '\n';
+        c.err << cli::text(QStringLiteral("La pàgina ha de ser un número de 1 a %1: %2"))
+                     .arg(t.PageCount)
+                     .arg(text)
+              << '\n';
         return std::nullopt;
     }
     return static_cast<int16_t>(page);
@@ -96,8 +83,9 @@ std::optional<int16_t> pageNumber(const Template& t, const QString& text, Comman
 
 void printArea(const Template& t, int16_t i, QTextStream& out) {
     const Area& a = t.area(i);
-    out << "Àrea " << i << "  pàgina " << a.Page << "  (" << a.X0 << ',' << a.Y0 << ")-(" << a.X1
-        << ',' << a.Y1 << ")  ClipFlag " << a.ClipFlag << "  Flags " << a.Flags;
+    out << text(QStringLiteral("Àrea ")) << i << text(QStringLiteral("  pàgina ")) << a.Page
+        << "  (" << a.X0 << ',' << a.Y0 << ")-(" << a.X1 << ',' << a.Y1 << ")  ClipFlag "
+        << a.ClipFlag << "  Flags " << a.Flags;
     if (!a.Clip.isEmpty())
         out << "  Clip \"" << a.Clip << '"';
     out << "\n    \"" << a.ActionText << "\"\n";
@@ -109,12 +97,12 @@ int info(const Arguments& a, CommandContext& c) {
     Template t;
     if (!load(a.positional[0], t, c))
         return kFailure;
-    if (a.flags.contains(QStringLiteral("--json"))) {
+    if (a.flags.contains(QStringLiteral("json"))) {
         c.out << QString::fromUtf8(templateJson(t));
         return kSuccess;
     }
-    c.out << "Fitxer: " << t.TemplateFileName << '\n'
-          << "Versió: " << t.FormatVersion << '.' << t.FormatRevision << '\n'
+    c.out << text(QStringLiteral("Fitxer: ")) << t.TemplateFileName << '\n'
+          << text(QStringLiteral("Versió: ")) << t.FormatVersion << '.' << t.FormatRevision << '\n'
           << "FitxGraf: " << t.FitxGraf << '\n'
           << "PageCount: " << t.PageCount << "  AreaCount: " << t.AreaCount() << '\n'
           << "Ordres: \"" << t.Ordres << "\"  PlantOption: " << t.PlantOption << '\n'
@@ -148,7 +136,7 @@ int check(const Arguments& a, CommandContext& c) {
     for (const TemplateProblem& problem : problems)
         c.out << problemText(problem, t.PageCount) << '\n';
     if (problems.isEmpty())
-        c.out << "Cap problema.\n";
+        c.out << text(QStringLiteral("Cap problema.")) << '\n';
     return problems.isEmpty() ? kSuccess : kWithNotes;
 }
 
@@ -156,7 +144,7 @@ int copy(const Arguments& a, CommandContext& c) {
     if (a.positional.size() != 2)
         return usage(QStringLiteral("copy"), c);
     if (!QFileInfo(a.positional[1]).isDir()) {
-        c.err << "No és una carpeta: " << a.positional[1] << '\n';
+        c.err << text(QStringLiteral("No és una carpeta: ")) << a.positional[1] << '\n';
         return kFailure;
     }
     Template t;
@@ -174,9 +162,18 @@ int models(const Arguments& a, CommandContext& c) {
     return kSuccess;
 }
 
-// Loads FILE, moves to PAGE and runs `edit`; saves to --output or FILE when it succeeds.
+// The exit status of a page operation: a file that did not read fails.
+int reported(const std::optional<TemplateError>& error, CommandContext& c) {
+    if (!error)
+        return kSuccess;
+    c.err << errorText(*error, error->argument) << '\n';
+    return kFailure;
+}
+
+// Loads FILE, moves to PAGE and runs `edit`; saves to --output or FILE when it
+// returns kSuccess, else returns its status with the file untouched.
 int editPage(const Arguments& a, qsizetype count, const QString& command, CommandContext& c,
-             const std::function<std::optional<TemplateError>(Template&)>& edit) {
+             const std::function<int(Template&)>& edit) {
     if (a.positional.size() != count)
         return usage(command, c);
     Template t;
@@ -187,10 +184,8 @@ int editPage(const Arguments& a, qsizetype count, const QString& command, Comman
         return kUsage;
     t.CurrentPage = *page;
     t.refreshPageAreaCount();
-    if (const auto error = edit(t)) {
-        c.err << errorText(*error, error->argument) << '\n';
-        return kFailure;
-    }
+    if (const int status = edit(t); status != kSuccess)
+        return status;
     return save(t, a.output.isEmpty() ? a.positional[0] : a.output, c);
 }
 
@@ -214,61 +209,90 @@ int pageSave(const Arguments& a, CommandContext& c) {
 }
 
 int pageInsert(const Arguments& a, CommandContext& c) {
-    const bool before = a.flags.contains(QStringLiteral("--before"));
-    const bool after = a.flags.contains(QStringLiteral("--after"));
+    const bool before = a.flags.contains(QStringLiteral("before"));
+    const bool after = a.flags.contains(QStringLiteral("after"));
     if (before == after)
         return usage(QStringLiteral("page-insert"), c);
     const QString model = a.positional.value(2);
     return editPage(a, 3, QStringLiteral("page-insert"), c, [&](Template& t) {
-        return openPageModel(t, c.homeFolder, model, placingCode(before, after), {});
+        return reported(openPageModel(t, c.homeFolder, model, placingCode(before, after), {}), c);
     });
 }
 
 int pagePaste(const Arguments& a, CommandContext& c) {
     const QString model = a.positional.value(2);
-    return editPage(a, 3, QStringLiteral("page-paste"), c,
-                    [&](Template& t) { return pastePageModel(t, c.homeFolder, model); });
+    return editPage(a, 3, QStringLiteral("page-paste"), c, [&](Template& t) {
+        return reported(pastePageModel(t, c.homeFolder, model), c);
+    });
 }
 
+// A Template keeps at least one page, as in the editor.
 int pageDelete(const Arguments& a, CommandContext& c) {
-    return editPage(a, 2, QStringLiteral("page-delete"), c,
-                    [](Template& t) -> std::optional<TemplateError> {
-                        deletePage(t);
-                        return std::nullopt;
-                    });
+    return editPage(a, 2, QStringLiteral("page-delete"), c, [&c](Template& t) {
+        if (!hasOtherPages(t)) {
+            c.err << text(QStringLiteral("La plantilla només té una pàgina i no es pot "
+                                         "eliminar: no s'ha fet res."))
+                  << '\n';
+            return kUsage;
+        }
+        deletePage(t);
+        return kSuccess;
+    });
 }
 
 } // namespace
 
 int runCommand(const QString& command, const QStringList& arguments, CommandContext& c) {
     using Runner = int (*)(const Arguments&, CommandContext&);
-    static const QHash<QString, Runner> runners = {
-        {QStringLiteral("info"), info},
-        {QStringLiteral("convert"), convert},
-        {QStringLiteral("check"), check},
-        {QStringLiteral("copy"), copy},
-        {QStringLiteral("models"), models},
-        {QStringLiteral("page-save"), pageSave},
-        {QStringLiteral("page-insert"), pageInsert},
-        {QStringLiteral("page-paste"), pagePaste},
-        {QStringLiteral("page-delete"), pageDelete},
+    struct Command {
+        Runner runner;
+        QStringList flags;
+        bool output = false; // takes --output SORTIDA
     };
-    const Runner runner = runners.value(command);
-    if (!runner) {
-        c.err << "Ordre desconeguda: " << command << "\n\n" << generalHelp();
+    static const QHash<QString, Command> commands = {
+        {QStringLiteral("info"), {info, {QStringLiteral("json")}}},
+        {QStringLiteral("convert"), {convert, {}}},
+        {QStringLiteral("check"), {check, {}}},
+        {QStringLiteral("copy"), {copy, {}}},
+        {QStringLiteral("models"), {models, {}}},
+        {QStringLiteral("page-save"), {pageSave, {}}},
+        {QStringLiteral("page-insert"),
+         {pageInsert, {QStringLiteral("before"), QStringLiteral("after")}, true}},
+        {QStringLiteral("page-paste"), {pagePaste, {}, true}},
+        {QStringLiteral("page-delete"), {pageDelete, {}, true}},
+    };
+    const auto found = commands.constFind(command);
+    if (found == commands.cend()) {
+        c.err << text(QStringLiteral("Ordre desconeguda: ")) << command << "\n\n" << generalHelp();
         return kUsage;
     }
-    if (arguments.contains(QStringLiteral("--help"))) {
+    QCommandLineParser parser;
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QString());
+    const QCommandLineOption output(QStringLiteral("output"), QString(), QStringLiteral("file"));
+    parser.addOption(help);
+    if (found->output)
+        parser.addOption(output);
+    for (const QString& flag : found->flags)
+        parser.addOption(QCommandLineOption(flag, QString()));
+    if (const auto error = parseCommandLine(parser, QStringList{command} + arguments)) {
+        c.err << error->text(language()) << '\n';
+        return kUsage;
+    }
+    if (parser.isSet(help)) {
         c.out << commandHelp(command);
         return kSuccess;
     }
-    const auto split = splitArguments(arguments, c);
-    if (!split)
-        return kUsage;
+    Arguments split{
+        parser.positionalArguments(), {}, found->output ? parser.value(output) : QString()};
+    for (const QString& flag : found->flags)
+        if (parser.isSet(flag))
+            split.flags.append(flag);
     try {
-        return runner(*split, c);
+        return found->runner(split, c);
     } catch (const Overflow16&) {
-        c.err << "La plantilla passaria de 32767 àrees o pàgines: no s'ha fet res.\n";
+        c.err << text(QStringLiteral("La plantilla passaria de 32767 àrees o pàgines: no s'ha "
+                                     "fet res."))
+              << '\n';
         return kFailure;
     }
 }

@@ -3,26 +3,71 @@
 #include "Commands.h"
 #include "platform/HomeFolder.h"
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QTextStream>
+#include <vector>
 
 using namespace mervak;
 
+namespace {
+
+QStringList argumentsOf(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return arguments;
+}
+
+// "action" reads its own options from an argv whose second word is "action";
+// the tool's options that came before it are left out.
+int runAction(const QString& program, const QStringList& actionArguments) {
+    std::vector<QByteArray> words{program.toLocal8Bit(), QByteArrayLiteral("action")};
+    for (const QString& argument : actionArguments)
+        words.push_back(argument.toLocal8Bit());
+    std::vector<char*> argv;
+    for (QByteArray& word : words)
+        argv.push_back(word.data());
+    argv.push_back(nullptr);
+    return cli::runActionCommand(static_cast<int>(words.size()), argv.data());
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
-    if (argc > 1 && qstrcmp(argv[1], "action") == 0)
-        return cli::runActionCommand(argc, argv);
-    QCoreApplication app(argc, argv);
+    const QStringList all = argumentsOf(argc, argv);
+    QCommandLineParser parser;
+    // The tool's own options come before the command; the rest is the command's.
+    parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
+    const QCommandLineOption home(QStringLiteral("home"), QString(), QStringLiteral("dir"));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QString());
+    const QCommandLineOption version(QStringLiteral("version"), QString());
+    parser.addOptions({home, help, version});
+    const auto error = parseCommandLine(parser, all);
+    const QString homeFolder = chooseHomeFolder(currentHomeFolderInputs(parser.value(home)));
+    cli::setLanguage(cli::chooseLanguage(homeFolder, qEnvironmentVariable("LANG")));
     QTextStream out(stdout);
     QTextStream err(stderr);
-    const QStringList all = app.arguments().mid(1);
-    const QStringList arguments = withoutHomeOption(all);
-    if (arguments.isEmpty() || arguments[0] == QStringLiteral("--help") ||
-        arguments[0] == QStringLiteral("-h")) {
-        (arguments.isEmpty() ? err : out) << cli::generalHelp();
-        return arguments.isEmpty() ? cli::kUsage : cli::kSuccess;
+    if (error) {
+        err << error->text(cli::language()) << '\n';
+        return cli::kUsage;
     }
-    cli::CommandContext context{
-        chooseHomeFolder(currentHomeFolderInputs(all, QCoreApplication::applicationDirPath())), out,
-        err};
-    return cli::runCommand(arguments[0], arguments.mid(1), context);
+    if (parser.isSet(version)) {
+        out << "mervak-cli " MERVAK_VERSION "\n";
+        return cli::kSuccess;
+    }
+    if (parser.isSet(help)) {
+        out << cli::generalHelp();
+        return cli::kSuccess;
+    }
+    const QStringList command = parser.positionalArguments();
+    if (command.isEmpty()) {
+        err << cli::generalHelp();
+        return cli::kUsage;
+    }
+    if (command.first() == QLatin1String("action"))
+        return runAction(all.first(), command.mid(1));
+    QCoreApplication app(argc, argv);
+    cli::CommandContext context{homeFolder, out, err};
+    return cli::runCommand(command.first(), command.mid(1), context);
 }

@@ -1,6 +1,5 @@
 #include "editor/widgets/EditorController.h"
 
-#include "editor/AreaSelection.h"
 #include "editor/widgets/Captions.h"
 #include "editor/widgets/Dialogs.h"
 #include "editor/widgets/GridDialog.h"
@@ -141,14 +140,13 @@ QImage EditorController::sheetPicture() {
 
 void EditorController::showTemplate() {
     const Language language = context_.language();
-    const Template& t = context_.tmpl;
     SheetView* sheet = views_.pane.sheet();
     sheet->setPicture(sheetPicture());
     sheet->setAreas(sheetAreas());
     const Area* selected = areas_.selected();
     views_.pane.showArea(selected);
     views_.panel.showArea(selected);
-    const CounterTexts counters = counterTexts(t);
+    const CounterTexts counters = areas_.counters();
     views_.panel.setCounters(translateCounter(language, counters.MsgArea),
                              translateCounter(language, counters.MsgPagina));
     if (actions_.deletePage)
@@ -181,17 +179,13 @@ void EditorController::undo() {
     areas_.undo();
 }
 
+// At the first and the last page the buttons do nothing, without a beep.
 void EditorController::previousPage() {
-    showPage(context_.tmpl.CurrentPage - 1);
+    areas_.showPage(context_.tmpl.CurrentPage - 1);
 }
 
 void EditorController::nextPage() {
-    showPage(context_.tmpl.CurrentPage + 1);
-}
-
-void EditorController::showPage(int page) {
-    if (!areas_.showPage(page))
-        context_.beep();
+    areas_.showPage(context_.tmpl.CurrentPage + 1);
 }
 
 void EditorController::openPageFrame(PageFrame::Operation operation, bool before) {

@@ -60,7 +60,6 @@ public:
     void undo();
     void previousPage();
     void nextPage();
-    void showPage(int page);
     // Opens the page frame for an operation; `before` preselects "Inserir abans".
     void openPageFrame(PageFrame::Operation operation, bool before = false);
     void deletePage();
