@@ -15,13 +15,14 @@ declare -A allowed=(
   [action]="action platform"
   [action/dryrun]="action/dryrun action platform"
   [devices]="devices platform"
-  [dispatch]="dispatch action devices template platform"
+  [session]="session action template platform"
+  [dispatch]="dispatch session action devices template platform"
   [tracker]="tracker platform"
-  [editor]="editor template platform"
-  [editor/widgets]="editor/widgets editor action template platform"
+  [editor]="editor session template platform"
+  [editor/widgets]="editor/widgets editor session action template platform"
 )
 # Logic runs headless: Qt Core (and the serial port) only, no X11.
-logic="platform template action action/dryrun devices dispatch tracker editor"
+logic="platform template action action/dryrun devices session dispatch tracker editor"
 
 qt_headers=$(dirname "$(find /usr/include -maxdepth 3 -type d -name QtCore -path '*qt6*' | head -n 1)")
 failures=0

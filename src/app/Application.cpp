@@ -39,36 +39,31 @@ QString modelPicture(const QString& model) {
 } // namespace
 
 Application::Application(const QStringList& arguments, const QString& homeFolder)
-    : arguments_(arguments), homeFolder_(homeFolder), keyboard_(x11_), pointer_(x11_),
-      windows_(x11_), sound_(QStringLiteral("No hi ha sortida de so: ")), recovery_(homeFolder),
+    : arguments_(arguments), session_(homeFolder), keyboard_(x11_), pointer_(x11_), windows_(x11_),
+      sound_(QStringLiteral("No hi ha sortida de so: ")), recovery_(homeFolder),
       targetTracker_(windows_, [this](WindowId window) { return isOwnWindow(window); }) {
-    actionState_.WorkingFolder = homeFolder_;
     const ActionPlatform platform{keyboard_, windows_, pointer_, clipboard_, launcher_,
                                   sound_,    speech_,  clock_,   registry_};
-    runner_ =
-        std::make_unique<ActionRunner>(platform, actionState_, [this] { return targetTitle(); });
-    dispatcher_ = std::make_unique<PressDispatcher>(PressDispatcher::Context{
-        template_, clipboard_, [this] { return actionState_.WorkingFolder; },
-        [this](const QString& text) { runner_->SendActionText(text); },
-        [this] { return runner_->isBusy(); }, [] { QApplication::beep(); },
-        [this] { return settings_.language; }});
-    tablet_ = std::make_unique<TabletControl>(makeQtSerialLink, *dispatcher_);
-    connect(&timer2_, &QTimer::timeout, this,
-            [this] { actionState_.TargetWindow = targetTracker_.tick(actionState_.TargetWindow); });
-    const auto language = [this] { return settings_.language; };
+    runner_ = std::make_unique<ActionRunner>(platform, session_.actionState,
+                                             [this] { return targetTitle(); });
+    dispatcher_ = std::make_unique<PressDispatcher>(
+        session_, clipboard_,
+        PressDispatcher::Hooks{[this](const QString& text) { runner_->SendActionText(text); },
+                               [this] { return runner_->isBusy(); }, [] { QApplication::beep(); }});
+    tablet_ = std::make_unique<TabletControl>(session_, makeQtSerialLink, *dispatcher_);
+    connect(&timer2_, &QTimer::timeout, this, [this] {
+        session_.actionState.TargetWindow = targetTracker_.tick(session_.actionState.TargetWindow);
+    });
     const auto status = [this](const QString& text) { setStatus(text); };
     editor_ = std::make_unique<EditorController>(
         EditorController::Context{
-            template_, homeFolder_, language, [this] { return actionState_.WorkingFolder; },
-            [this] { return settings_.model; }, [] { QApplication::beep(); },
+            session_, [] { QApplication::beep(); },
             [this](const QString& text) { runner_->SendActionText(text); },
             [](const QString& text) { return SendKeysParser::PlainKeys(text); }, status},
         EditorController::Views{window_, *window_.sheetPane(), *window_.panel(),
                                 *window_.pageFrame()});
     document_ = std::make_unique<DocumentController>(
-        DocumentController::Context{template_, actionState_.WorkingFolder, homeFolder_, language,
-                                    [this] { editor_->refresh(); }, status},
-        window_);
+        DocumentController::Context{session_, [this] { editor_->refresh(); }, status}, window_);
     wireWindow();
     wireEditor();
     wireRunner();
@@ -83,29 +78,29 @@ bool Application::start() {
         return false;
     }
     readConfiguration();
-    template_.NewTemplate();
+    session_.tmpl.NewTemplate();
     document_->refreshTitle();
     editor_->refresh();
     window_.show();
     if (recovery_.exists())
         startupNotice_ =
-            TranslateCaption(settings_.language, QStringLiteral("Hi ha edicions no desades a ")) +
+            TranslateCaption(session_.language(), QStringLiteral("Hi ha edicions no desades a ")) +
             recovery_.path();
     setStatus(startupNotice_);
-    tablet_->start(settings_);
+    tablet_->start();
     openFromCommandLine();
     timer2_.start(kTargetTickMs);
     return true;
 }
 
 void Application::readConfiguration() {
-    settings_ = readSettings(PrivateProfile(settingsFilePath(homeFolder_)));
-    catalogue_ = MacroCatalogue::read(
-        MacroCatalogue::locate(homeFolder_, QApplication::applicationDirPath()));
-    editor_->setCatalogue(&catalogue_);
-    runner_->setLanguage(settings_.language);
+    session_.settings = readSettings(PrivateProfile(settingsFilePath(session_.homeFolder)));
+    session_.catalogue = MacroCatalogue::read(
+        MacroCatalogue::locate(session_.homeFolder, QApplication::applicationDirPath()));
+    editor_->refreshCatalogue();
+    runner_->setLanguage(session_.language());
     translate();
-    window_.setModelPicture(QPixmap(modelPicture(settings_.model)));
+    window_.setModelPicture(QPixmap(modelPicture(session_.settings.model)));
 }
 
 // A device present at start with a Template named on the command line leaves
@@ -114,7 +109,7 @@ void Application::onDeviceStartFinished(bool present) {
     if (present && openedFromCommandLine_)
         window_.showMinimized();
     if (!present)
-        showNotice(&window_, settings_.language, tablet_->caption());
+        showNotice(&window_, session_.language(), tablet_->caption());
     emit deviceStarted(present);
 }
 
@@ -125,12 +120,12 @@ void Application::openFromCommandLine() {
     const QString path = rest.first();
     const qsizetype slash = std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/'));
     if (slash >= 0)
-        actionState_.WorkingFolder = path.left(slash);
+        session_.actionState.WorkingFolder = path.left(slash);
     openedFromCommandLine_ = true;
-    const QString folder = actionState_.WorkingFolder;
+    const QString folder = session_.actionState.WorkingFolder;
     document_->open(path.toUpper());
     // A Template named on the command line keeps the folder it was named from.
-    actionState_.WorkingFolder = folder;
+    session_.actionState.WorkingFolder = folder;
     activateTarget();
 }
 
@@ -139,23 +134,24 @@ void Application::wireWindow() {
             [this] { tablet_->SetTabletActive(!tablet_->isActive()); });
     connect(&window_, &MainWindow::languageChosen, this, &Application::chooseLanguage);
     connect(&window_, &MainWindow::soundToggled, this, [this](bool on) {
-        template_.SoundActive = on ? -1 : 0;
-        template_.Modified = true;
+        session_.tmpl.SoundActive = on ? -1 : 0;
+        session_.tmpl.Modified = true;
     });
     connect(&window_, &MainWindow::virtualTabletToggled, this, &Application::showVirtualTablet);
     connect(&window_, &MainWindow::activateTargetRequested, this, &Application::activateTarget);
     connect(&window_, &MainWindow::quitRequested, this, &Application::quit);
     connect(&window_, &MainWindow::propertiesRequested, this, &Application::editProperties);
     connect(&window_, &MainWindow::exportSheetRequested, this, [this] {
-        SheetExport::exportWithDialog(&window_, template_, settings_.language, &exportOptions_);
+        SheetExport::exportWithDialog(&window_, session_.tmpl, session_.language(),
+                                      &exportOptions_);
     });
     connect(&window_, &MainWindow::thumbnailRequested, this, [this] {
-        SheetExport::saveThumbnailWithDialog(&window_, template_, settings_.language);
+        SheetExport::saveThumbnailWithDialog(&window_, session_.tmpl, session_.language());
     });
     connect(&window_, &MainWindow::aboutRequested, this, [this] {
-        QMessageBox box(QMessageBox::Information, Message(settings_.language, 7),
-                        Message(settings_.language, 6), QMessageBox::NoButton, &window_);
-        box.addButton(TranslateCaption(settings_.language, QStringLiteral("Acceptar")),
+        QMessageBox box(QMessageBox::Information, Message(session_.language(), 7),
+                        Message(session_.language(), 6), QMessageBox::NoButton, &window_);
+        box.addButton(TranslateCaption(session_.language(), QStringLiteral("Acceptar")),
                       QMessageBox::AcceptRole);
         box.exec();
     });
@@ -168,9 +164,9 @@ void Application::wireWindow() {
     connect(dispatcher_.get(), &PressDispatcher::virtualPressPending, &virtualTablet_,
             &VirtualTablet::showBusy);
     connect(dispatcher_.get(), &PressDispatcher::refocusTargetRequested, this, [this] {
-        if (actionState_.TargetWindow != kNoWindow &&
-            windows_.activeWindow() != actionState_.TargetWindow)
-            windows_.activate(actionState_.TargetWindow);
+        if (session_.actionState.TargetWindow != kNoWindow &&
+            windows_.activeWindow() != session_.actionState.TargetWindow)
+            windows_.activate(session_.actionState.TargetWindow);
     });
     connect(dispatcher_.get(), &PressDispatcher::problem, this, &Application::setStatus);
     connect(tablet_.get(), &TabletControl::stateChanged, &window_, &MainWindow::setTabletState);
@@ -202,7 +198,7 @@ void Application::wireRunner() {
             dispatcher_->actionTextsFinished();
     });
     connect(runner_.get(), &ActionRunner::pendingPageSet, this, [this](int page) {
-        actionState_.pendingPage.reset();
+        session_.actionState.pendingPage.reset();
         editor_->areas().showPage(page);
     });
     connect(runner_.get(), &ActionRunner::openTemplateRequested, document_.get(),
@@ -212,18 +208,18 @@ void Application::wireRunner() {
 
 void Application::translate() {
     sound_.setReason(
-        TranslateCaption(settings_.language, QStringLiteral("No hi ha sortida de so: ")));
-    window_.translate(settings_.language);
-    translateAllWindows(settings_.language);
+        TranslateCaption(session_.language(), QStringLiteral("No hi ha sortida de so: ")));
+    window_.translate(session_.language());
+    translateAllWindows(session_.language());
     editor_->retranslate();
     document_->refreshTitle();
-    tablet_->setLanguage(settings_.language);
+    tablet_->retranslate();
 }
 
 void Application::chooseLanguage(Language language) {
-    settings_.language = language;
+    session_.settings.language = language;
     QString error;
-    if (!writeLanguage(PrivateProfile(settingsFilePath(homeFolder_)), language, &error))
+    if (!writeLanguage(PrivateProfile(settingsFilePath(session_.homeFolder)), language, &error))
         setStatus(error);
     runner_->setLanguage(language);
     translate();
@@ -231,9 +227,9 @@ void Application::chooseLanguage(Language language) {
 
 // The properties dialog edits the header; its default folder is the working folder.
 void Application::editProperties() {
-    const Template before = template_;
-    if (!PlantForm::edit(&window_, template_, windows_, catalogue_, settings_.language,
-                         &actionState_.WorkingFolder))
+    const Template before = session_.tmpl;
+    if (!PlantForm::edit(&window_, session_.tmpl, windows_, session_.catalogue, session_.language(),
+                         &session_.actionState.WorkingFolder))
         return;
     editor_->keepForUndo(before);
     editor_->refresh();
@@ -248,7 +244,7 @@ void Application::refreshVirtualTablet() {
     SheetView* sheet = virtualTablet_.sheet();
     sheet->setPicture(editor_->sheetPicture());
     sheet->setAreas(areas);
-    window_.setSoundChecked(template_.SoundActive != 0);
+    window_.setSoundChecked(session_.tmpl.SoundActive != 0);
 }
 
 void Application::activateTarget() {
@@ -257,17 +253,17 @@ void Application::activateTarget() {
         return;
     if (const WindowId window = windows_.findByTitle(title); window != kNoWindow) {
         windows_.activate(window);
-        actionState_.TargetWindow = window;
+        session_.actionState.TargetWindow = window;
     }
 }
 
 // The Template's target title, else the title of the last window that had the focus.
 QString Application::targetTitle() const {
-    if (!template_.TxFinestra.isEmpty())
-        return template_.TxFinestra;
-    if (actionState_.TargetWindow == kNoWindow)
+    if (!session_.tmpl.TxFinestra.isEmpty())
+        return session_.tmpl.TxFinestra;
+    if (session_.actionState.TargetWindow == kNoWindow)
         return {};
-    return const_cast<X11WindowSystem&>(windows_).title(actionState_.TargetWindow);
+    return const_cast<X11WindowSystem&>(windows_).title(session_.actionState.TargetWindow);
 }
 
 bool Application::isOwnWindow(WindowId window) const {
@@ -297,8 +293,8 @@ void Application::quit() {
 // A TANCAR command ends the program without asking; unsaved edits are kept in
 // the recovery file, which the next start points out.
 void Application::closeAtOnce() {
-    if (const auto error = recovery_.keepUnsaved(template_))
-        qWarning("%s", qPrintable(error->text(settings_.language)));
+    if (const auto error = recovery_.keepUnsaved(session_.tmpl))
+        qWarning("%s", qPrintable(error->text(session_.language())));
     closeProgram();
 }
 

@@ -1,20 +1,17 @@
 #pragma once
 
 #include "action/ActionRunner.h"
-#include "action/ActionState.h"
 #include "app/DocumentController.h"
 #include "app/MainWindow.h"
 #include "app/VirtualTablet.h"
 #include "dispatch/PressDispatcher.h"
 #include "dispatch/TabletControl.h"
 #include "dispatch/TargetTracker.h"
-#include "editor/MacroCatalogue.h"
 #include "editor/RecoveryFile.h"
 #include "editor/widgets/EditorController.h"
 #include "editor/widgets/SheetExport.h"
 #include "platform/NoAudio.h"
 #include "platform/NoRegistry.h"
-#include "platform/Settings.h"
 #include "platform/SingleInstance.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtProgramLauncher.h"
@@ -23,7 +20,7 @@
 #include "platform/x11/X11Keyboard.h"
 #include "platform/x11/X11Pointer.h"
 #include "platform/x11/X11WindowSystem.h"
-#include "template/Template.h"
+#include "session/Session.h"
 
 #include <QObject>
 #include <QTimer>
@@ -75,11 +72,7 @@ private:
 
     SingleInstance instance_;
     QStringList arguments_;
-    QString homeFolder_;
-    Settings settings_;
-    Template template_;
-    ActionState actionState_;
-    MacroCatalogue catalogue_;
+    Session session_;
     SheetExportOptions exportOptions_;
     bool openedFromCommandLine_ = false;
 

@@ -28,7 +28,7 @@ QString saveName(const Template& t, bool saveAs) {
 
 DocumentController::DocumentController(Context context, MainWindow& window, QObject* parent)
     : QObject(parent), context_(std::move(context)), window_(window),
-      recent_(PrivateProfile(settingsFilePath(context_.homeFolder))) {
+      recent_(PrivateProfile(settingsFilePath(context_.session.homeFolder))) {
     connect(&window_, &MainWindow::newRequested, this, &DocumentController::newTemplate);
     connect(&window_, &MainWindow::openRequested, this, &DocumentController::openWithDialog);
     connect(&window_, &MainWindow::saveRequested, this, &DocumentController::save);
@@ -39,8 +39,8 @@ DocumentController::DocumentController(Context context, MainWindow& window, QObj
 }
 
 QString DocumentController::title() const {
-    const Template& t = context_.tmpl;
-    if (t.isUntitled() && context_.language() == Language::Spanish)
+    const Template& t = context_.session.tmpl;
+    if (t.isUntitled() && context_.session.language() == Language::Spanish)
         return QStringLiteral("Mervak - ") +
                TranslateCaption(Language::Spanish, QStringLiteral("(Sense nom)"));
     return windowTitle(t);
@@ -55,9 +55,9 @@ void DocumentController::refreshRecentFiles() {
 }
 
 bool DocumentController::mayDiscardChanges(bool canCancel) {
-    if (!context_.tmpl.Modified)
+    if (!context_.session.tmpl.Modified)
         return true;
-    switch (askToSaveChanges(&window_, context_.language(), canCancel)) {
+    switch (askToSaveChanges(&window_, context_.session.language(), canCancel)) {
     case SaveAnswer::Save:
         return save() || !canCancel;
     case SaveAnswer::Discard:
@@ -71,7 +71,7 @@ bool DocumentController::mayDiscardChanges(bool canCancel) {
 void DocumentController::newTemplate() {
     if (!mayDiscardChanges())
         return;
-    context_.tmpl.NewTemplate();
+    context_.session.tmpl.NewTemplate();
     refreshTitle();
     context_.templateReplaced();
 }
@@ -80,10 +80,10 @@ void DocumentController::openWithDialog() {
     if (!mayDiscardChanges())
         return;
     const QString path =
-        chooseFileToOpen(&window_, context_.language(), kTemplateTitle,
+        chooseFileToOpen(&window_, context_.session.language(), kTemplateTitle,
                          {{QStringLiteral("Tauleta Windows"), {QStringLiteral("*.mvw")}},
                           {QStringLiteral("Tauleta MS-DOS"), {QStringLiteral("*.mvd")}}},
-                         context_.workingFolder);
+                         context_.session.workingFolder());
     if (!path.isEmpty())
         open(path);
 }
@@ -94,8 +94,9 @@ void DocumentController::openFile(const QString& path) {
 }
 
 bool DocumentController::open(const QString& path) {
-    const Language language = context_.language();
-    const OpenOutcome outcome = openTemplate(context_.tmpl, path, context_.workingFolder);
+    const Language language = context_.session.language();
+    const OpenOutcome outcome =
+        openTemplate(context_.session.tmpl, path, context_.session.workingFolder());
     if (outcome.error) {
         showNotice(&window_, language, outcome.error->text(language), true);
         if (!QFileInfo::exists(path))
@@ -105,9 +106,10 @@ bool DocumentController::open(const QString& path) {
             showNotice(&window_, language, outcome.warning->text(language));
         // Reading appends every Area, which marks the Template as changed;
         // what was just read equals the file.
-        context_.tmpl.Modified = false;
-        context_.workingFolder = QFileInfo(context_.tmpl.TemplateFileName).absolutePath();
-        remember(context_.tmpl.TemplateFileName);
+        context_.session.tmpl.Modified = false;
+        context_.session.workingFolder() =
+            QFileInfo(context_.session.tmpl.TemplateFileName).absolutePath();
+        remember(context_.session.tmpl.TemplateFileName);
     }
     refreshTitle();
     context_.templateReplaced();
@@ -123,7 +125,7 @@ bool DocumentController::saveAs() {
 }
 
 bool DocumentController::saveWithDialog(bool saveAs) {
-    const Template& t = context_.tmpl;
+    const Template& t = context_.session.tmpl;
     const QList<FileFilter> filters =
         saveAs ? QList<FileFilter>{{QStringLiteral("Plantilles de tauleta Windows"),
                                     {QStringLiteral("*.mvw")}},
@@ -132,9 +134,9 @@ bool DocumentController::saveWithDialog(bool saveAs) {
                : QList<FileFilter>{
                      {QStringLiteral("Teclat pantalla Windows"), {QStringLiteral("*.mvw")}}};
     int filter = 0;
-    const QString start = t.isUntitled() ? context_.workingFolder : saveName(t, saveAs);
+    const QString start = t.isUntitled() ? context_.session.workingFolder() : saveName(t, saveAs);
     QString path =
-        chooseFileToSave(&window_, context_.language(), kSaveTitle, filters, start,
+        chooseFileToSave(&window_, context_.session.language(), kSaveTitle, filters, start,
                          saveAs ? QStringLiteral("MVW") : QStringLiteral("mvw"), &filter);
     if (path.isEmpty())
         return false;
@@ -146,8 +148,9 @@ bool DocumentController::saveWithDialog(bool saveAs) {
     refreshTitle();
     if (outcome.error)
         return false;
-    context_.workingFolder = QFileInfo(context_.tmpl.TemplateFileName).absolutePath();
-    remember(context_.tmpl.TemplateFileName);
+    context_.session.workingFolder() =
+        QFileInfo(context_.session.tmpl.TemplateFileName).absolutePath();
+    remember(context_.session.tmpl.TemplateFileName);
     context_.templateReplaced();
     return true;
 }
@@ -156,11 +159,12 @@ bool DocumentController::saveWithDialog(bool saveAs) {
 // in the working folder, so that they still work from the new file's folder.
 SaveOutcome DocumentController::write(const QString& path, bool saveAs) {
     const auto save = saveAs ? saveTemplateAs : saveTemplate;
-    Template& t = context_.tmpl;
+    Template& t = context_.session.tmpl;
     if (!t.isUntitled())
         return save(t, path);
     Template relocated = t;
-    const RelocationReport report = relocateUntitled(relocated, context_.workingFolder, path);
+    const RelocationReport report =
+        relocateUntitled(relocated, context_.session.workingFolder(), path);
     SaveOutcome outcome;
     outcome.error = report.error;
     if (report.error)
@@ -175,7 +179,7 @@ SaveOutcome DocumentController::write(const QString& path, bool saveAs) {
 }
 
 void DocumentController::reportSave(const SaveOutcome& outcome) {
-    const Language language = context_.language();
+    const Language language = context_.session.language();
     if (outcome.error) {
         showNotice(&window_, language, outcome.error->text(language), true);
         return;

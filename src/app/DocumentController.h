@@ -2,6 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "editor/RecentFiles.h"
+#include "session/Session.h"
 #include "template/Template.h"
 
 #include <QObject>
@@ -16,10 +17,7 @@ class DocumentController : public QObject {
     Q_OBJECT
 public:
     struct Context {
-        Template& tmpl;
-        QString& workingFolder; // moves to the folder of each Template opened
-        QString homeFolder;     // MERVAK.INI, with the recent files
-        std::function<Language()> language;
+        Session& session; // its WorkingFolder moves to the folder of each Template opened
         std::function<void()> templateReplaced; // the views show the Template again
         std::function<void(const QString&)> showStatus;
     };

@@ -18,8 +18,9 @@ constexpr int16_t kPollsToEndDrawing = 12;
 
 } // namespace
 
-PressDispatcher::PressDispatcher(Context context, QObject* parent)
-    : QObject(parent), context_(std::move(context)) {}
+PressDispatcher::PressDispatcher(Session& session, Clipboard& clipboard, Hooks hooks,
+                                 QObject* parent)
+    : QObject(parent), session_(session), clipboard_(clipboard), hooks_(std::move(hooks)) {}
 
 void PressDispatcher::DispatchPress(int16_t x, int16_t y) {
     queuePress({x, y, false});
@@ -38,7 +39,7 @@ void PressDispatcher::queuePress(QueuedPress press) {
     if (queue_.size() == kMaxQueuedPresses) {
         queue_.pop_front();
         emit problem(
-            TranslateCaption(context_.language(), QStringLiteral("Massa pulsacions en espera: "
+            TranslateCaption(session_.language(), QStringLiteral("Massa pulsacions en espera: "
                                                                  "s'ha descartat la més antiga")));
     }
     queue_.push_back(press);
@@ -50,7 +51,7 @@ void PressDispatcher::dispatchQueued() {
     if (dispatching_)
         return;
     const QScopedValueRollback guard(dispatching_, true);
-    while (!queue_.empty() && !context_.actionTextRunning()) {
+    while (!queue_.empty() && !hooks_.actionTextRunning()) {
         const QueuedPress next = queue_.front();
         queue_.pop_front();
         fireArea(next.x, next.y);
@@ -58,26 +59,26 @@ void PressDispatcher::dispatchQueued() {
 }
 
 void PressDispatcher::fireArea(int16_t x, int16_t y) {
-    const AreaHit hit = FindArea(context_.tmpl, x, y);
+    const AreaHit hit = FindArea(session_.tmpl, x, y);
     if (hit.index == 0)
         return;
-    const Area area = context_.tmpl.area(hit.index);
-    if (devicePresent_ && hit.index == lastArea_ && area.Flags == 0)
+    const Area area = session_.tmpl.area(hit.index);
+    if (session_.DevicePresent && hit.index == lastArea_ && area.Flags == 0)
         return;
     lastArea_ = hit.index;
     if (!area.Clip.isEmpty() && !loadClip(area))
         return;
     if (!area.ActionText.isEmpty())
-        context_.runActionText(area.ActionText);
+        hooks_.runActionText(area.ActionText);
 }
 
 // A missing clip file ends the press, as a file error would; the status line says why.
 bool PressDispatcher::loadClip(const Area& area) {
-    context_.clipboard.clear();
-    const QString path = resolveStoredPath(area.Clip, context_.workingFolder());
-    const QString failure = Message(context_.language(), 3) + path;
+    clipboard_.clear();
+    const QString path = resolveStoredPath(area.Clip, session_.workingFolder());
+    const QString failure = Message(session_.language(), 3) + path;
     if (area.ClipFlag == 1) {
-        if (context_.clipboard.setPictureFromFile(path))
+        if (clipboard_.setPictureFromFile(path))
             return true;
         emit problem(failure);
         return false;
@@ -91,7 +92,7 @@ bool PressDispatcher::loadClip(const Area& area) {
     }
     const QString text = decodeFileText(file.readAll()).text;
     emit clipTextLoaded(text);
-    context_.clipboard.setText(text);
+    clipboard_.setText(text);
     return true;
 }
 
@@ -107,8 +108,8 @@ bool PressDispatcher::isPress(const DeviceReading& reading) {
 }
 
 void PressDispatcher::pressFromDevice(const DeviceReading& reading) {
-    if (context_.tmpl.SoundActive != 0)
-        context_.beep();
+    if (session_.tmpl.SoundActive != 0)
+        hooks_.beep();
     emptyPolls_ = 0;
     queuePress({reading.x, reading.y, true});
 }
@@ -131,14 +132,14 @@ void PressDispatcher::tick() {
         else
             drawingTick();
     } catch (const Overflow16&) {
-        emit problem(TranslateCaption(context_.language(), QStringLiteral("Desbordament numèric")));
+        emit problem(TranslateCaption(session_.language(), QStringLiteral("Desbordament numèric")));
     }
 }
 
 void PressDispatcher::virtualTabletTick() {
     emit refocusTargetRequested();
     if (virtualX_ != -1) {
-        context_.beep();
+        hooks_.beep();
         const int16_t x = virtualX_;
         virtualX_ = -1;
         DispatchPress(x, virtualY_);
@@ -173,9 +174,9 @@ void PressDispatcher::drawingTick() {
         if (emptyPolls_ < kPollsToEndDrawing)
             emptyPolls_ = add16(emptyPolls_, 1);
         if (emptyPolls_ == 1)
-            context_.beep();
+            hooks_.beep();
         if (emptyPolls_ >= kPollsToEndDrawing && dragging_) {
-            context_.beep();
+            hooks_.beep();
             dragging_ = false;
             emit drawWithDevice(reading.x, reading.y, 2);
         }

@@ -2,8 +2,7 @@
 
 #include "dispatch/DeviceSource.h"
 #include "platform/Clipboard.h"
-#include "platform/Language.h"
-#include "template/Template.h"
+#include "session/Session.h"
 
 #include <QObject>
 #include <QPointF>
@@ -24,22 +23,17 @@ namespace mervak {
 class PressDispatcher : public QObject {
     Q_OBJECT
 public:
-    struct Context {
-        Template& tmpl;
-        Clipboard& clipboard;
-        std::function<QString()> workingFolder;
+    struct Hooks {
         std::function<void(const QString&)> runActionText;
         // True while an ActionText runs; actionTextsFinished() says when it ends.
         std::function<bool()> actionTextRunning;
         std::function<void()> beep;
-        std::function<Language()> language;
     };
 
-    explicit PressDispatcher(Context context, QObject* parent = nullptr);
+    // Reads the Template, WorkingFolder, DevicePresent and the language from `session`.
+    PressDispatcher(Session& session, Clipboard& clipboard, Hooks hooks, QObject* parent = nullptr);
 
     void setDevice(DeviceSource* device) { device_ = device; }
-    void setDevicePresent(bool present) { devicePresent_ = present; }
-    bool devicePresent() const { return devicePresent_; }
     void setVirtualTabletShown(bool shown) { virtualTabletShown_ = shown; }
     void setDrawWithDevice(bool on) { drawWithDevice_ = on; }
 
@@ -96,9 +90,10 @@ private:
     void drawingTick();
     bool loadClip(const Area& area);
 
-    Context context_;
+    Session& session_;
+    Clipboard& clipboard_;
+    Hooks hooks_;
     DeviceSource* device_ = nullptr;
-    bool devicePresent_ = false;
     bool virtualTabletShown_ = false;
     bool drawWithDevice_ = false;
     bool dragging_ = false;

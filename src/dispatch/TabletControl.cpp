@@ -4,9 +4,9 @@
 
 namespace mervak {
 
-TabletControl::TabletControl(SerialLinkFactory makeLink, PressDispatcher& dispatcher,
-                             QObject* parent)
-    : QObject(parent), dispatcher_(dispatcher), easy_(std::move(makeLink)) {
+TabletControl::TabletControl(Session& session, SerialLinkFactory makeLink,
+                             PressDispatcher& dispatcher, QObject* parent)
+    : QObject(parent), session_(session), dispatcher_(dispatcher), easy_(std::move(makeLink)) {
     dispatcher_.setDevice(&noDevice_);
     connect(&timer1_, &QTimer::timeout, &dispatcher_, &PressDispatcher::tick);
     connect(&easy_, &EasyTablet::startFinished, this, &TabletControl::onEasyStartFinished);
@@ -24,8 +24,9 @@ TabletControl::~TabletControl() {
     easy_.stop();
 }
 
-void TabletControl::start(const Settings& settings) {
-    settings_ = settings;
+void TabletControl::start() {
+    const Settings& settings = session_.settings;
+    easy_.setLanguage(settings.language);
     timer1_.setInterval(settings.interval);
     easy_.setRetardPort(settings.retardPort);
     if (settings.model != QLatin1String("EASY")) {
@@ -33,7 +34,8 @@ void TabletControl::start(const Settings& settings) {
         failStart();
         return;
     }
-    emit statusMessage(TranslateCaption(language_, QStringLiteral("Cercant la tauleta...")));
+    emit statusMessage(
+        TranslateCaption(session_.language(), QStringLiteral("Cercant la tauleta...")));
     easy_.start(serialDevicePath(settings));
 }
 
@@ -48,36 +50,34 @@ void TabletControl::onEasyStartFinished(bool ok, const QString& message) {
         emit statusMessage(message);
         return;
     }
-    devicePresent_ = true;
+    session_.DevicePresent = true;
     startFailed_ = false;
-    portName_ = settings_.portIndex != PortIndex::AutoDetect ? portCaption(settings_.portIndex)
-                                                             : easy_.portPath();
+    portName_ = session_.settings.portIndex != PortIndex::AutoDetect
+                    ? portCaption(session_.settings.portIndex)
+                    : easy_.portPath();
     dispatcher_.setDevice(&easySource_);
-    dispatcher_.setDevicePresent(true);
     emit statusMessage(QString());
     SetTabletActive(true);
     emit startFinished(true);
 }
 
 void TabletControl::failStart() {
-    devicePresent_ = false;
+    session_.DevicePresent = false;
     startFailed_ = true;
     portName_.clear();
     dispatcher_.setDevice(&noDevice_);
-    dispatcher_.setDevicePresent(false);
     SetTabletActive(false);
     emit startFinished(false);
 }
 
 void TabletControl::SetTabletActive(bool active) {
-    active_ = active && devicePresent_;
+    active_ = active && session_.DevicePresent;
     updatePolling();
     publishState();
 }
 
-void TabletControl::setLanguage(Language language) {
-    language_ = language;
-    easy_.setLanguage(language);
+void TabletControl::retranslate() {
+    easy_.setLanguage(session_.language());
     publishState();
 }
 
@@ -89,10 +89,10 @@ void TabletControl::setVirtualTabletShown(bool shown) {
 
 // A failed start keeps saying so, whatever is pressed or chosen later.
 QString TabletControl::caption() const {
-    if (!devicePresent_)
-        return startFailed_ ? Message(language_, 113) : QString();
-    return TranslateCaption(language_, active_ ? QStringLiteral("Tauleta activa a ")
-                                               : QStringLiteral("Tauleta Inactiva a ")) +
+    if (!session_.DevicePresent)
+        return startFailed_ ? Message(session_.language(), 113) : QString();
+    return TranslateCaption(session_.language(), active_ ? QStringLiteral("Tauleta activa a ")
+                                                         : QStringLiteral("Tauleta Inactiva a ")) +
            portName_;
 }
 
@@ -100,7 +100,7 @@ QString TabletControl::caption() const {
 // that its clicks are dispatched even without a device. An interval of 0 stops
 // it altogether: it must not turn into a poll on every pass of the event loop.
 void TabletControl::updatePolling() {
-    if (settings_.interval > 0 && (active_ || virtualTabletShown_))
+    if (session_.settings.interval > 0 && (active_ || virtualTabletShown_))
         timer1_.start();
     else
         timer1_.stop();

@@ -18,21 +18,22 @@ namespace mervak {
 class TabletControl : public QObject {
     Q_OBJECT
 public:
-    TabletControl(SerialLinkFactory makeLink, PressDispatcher& dispatcher,
+    // Reads the settings and the language from `session`, and keeps its DevicePresent.
+    TabletControl(Session& session, SerialLinkFactory makeLink, PressDispatcher& dispatcher,
                   QObject* parent = nullptr);
     ~TabletControl() override;
 
-    // Starts the device of `settings.model`; ends with one startFinished().
-    void start(const Settings& settings);
+    // Starts the device of the configured model; ends with one startFinished().
+    void start();
     void stop();
 
     // Only a present device can be switched on.
     void SetTabletActive(bool active);
-    void setLanguage(Language language);
+    // The session's language changed.
+    void retranslate();
     // Clicks on the virtual tablet are dispatched by the poll, device or not.
     void setVirtualTabletShown(bool shown);
 
-    bool DevicePresent() const { return devicePresent_; }
     bool isActive() const { return active_; }
     bool isPolling() const { return timer1_.isActive(); }
     // "Tauleta activa a COM1", "Tauleta Inactiva a COM1", message 113 after a
@@ -53,15 +54,13 @@ private:
     void updatePolling();
     void publishState();
 
+    Session& session_;
     PressDispatcher& dispatcher_;
     EasyTablet easy_;
     EasyDeviceSource easySource_{easy_};
     NoDevice noDevice_;
     QTimer timer1_;
-    Settings settings_;
-    Language language_ = Language::Catalan;
     QString portName_;
-    bool devicePresent_ = false;
     bool startFailed_ = false;
     bool active_ = false;
     bool virtualTabletShown_ = false;

@@ -15,7 +15,7 @@ constexpr int16_t kNewAreaSide = 20;
 } // namespace
 
 AreaEditor::AreaEditor(Context context, QObject* parent)
-    : QObject(parent), context_(std::move(context)), t_(context_.tmpl) {}
+    : QObject(parent), context_(std::move(context)), t_(context_.session.tmpl) {}
 
 const Area* AreaEditor::selected() const {
     const int16_t index = t_.SelectedArea;
@@ -94,7 +94,7 @@ bool AreaEditor::needSelection() {
 void AreaEditor::takeSnapshot(UndoSnapshot::Mode mode) {
     run_.clear();
     if (auto error = context_.snapshot.run(t_, mode))
-        emit problem(error->text(context_.language()));
+        emit problem(error->text(context_.session.language()));
 }
 
 void AreaEditor::snapshotForRun(const QString& run) {
@@ -112,7 +112,8 @@ void AreaEditor::edited() {
 }
 
 void AreaEditor::reportOverflow() {
-    emit problem(TranslateCaption(context_.language(), QStringLiteral("Desbordament numèric")));
+    emit problem(
+        TranslateCaption(context_.session.language(), QStringLiteral("Desbordament numèric")));
 }
 
 bool AreaEditor::addArea(const SheetRect& rect) {
@@ -268,7 +269,7 @@ bool AreaEditor::subdivide(int columns, int rows) {
 bool AreaEditor::undo() {
     const int16_t page = t_.CurrentPage;
     if (auto error = context_.snapshot.run(t_, UndoSnapshot::Mode::Undo)) {
-        emit problem(error->text(context_.language()));
+        emit problem(error->text(context_.session.language()));
         return false;
     }
     t_.CurrentPage = std::clamp<int16_t>(page, 1, std::max<int16_t>(t_.PageCount, 1));

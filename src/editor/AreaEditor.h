@@ -4,6 +4,7 @@
 #include "editor/AreaSelection.h"
 #include "editor/UndoSnapshot.h"
 #include "platform/Language.h"
+#include "session/Session.h"
 #include "template/Template.h"
 
 #include <QObject>
@@ -26,10 +27,9 @@ class AreaEditor : public QObject {
     Q_OBJECT
 public:
     struct Context {
-        Template& tmpl;
+        Session& session; // the Template edited, the language of the messages
         UndoSnapshot& snapshot;
         std::function<void()> beep;
-        std::function<Language()> language;
     };
 
     explicit AreaEditor(Context context, QObject* parent = nullptr);

@@ -7,18 +7,14 @@
 namespace mervak::test {
 
 EditorFixture::EditorFixture()
-    : workingFolder(home.path()),
-      editor(EditorController::Context{
-                 tmpl, home.path(), [this] { return language; }, [this] { return workingFolder; },
-                 [] { return QStringLiteral("EASY"); }, [this] { ++beeps; },
-                 [this](const QString& text) { ran.append(text); },
+    : editor(EditorController::Context{
+                 session, [this] { ++beeps; }, [this](const QString& text) { ran.append(text); },
                  [](const QString& text) { return SendKeysParser::PlainKeys(text); },
                  [this](const QString& text) { status = text; }},
              EditorController::Views{window, *window.sheetPane(), *window.panel(),
                                      *window.pageFrame()}),
-      document(DocumentController::Context{
-                   tmpl, workingFolder, home.path(), [this] { return language; },
-                   [this] { editor.refresh(); }, [this](const QString& text) { status = text; }},
+      document(DocumentController::Context{session, [this] { editor.refresh(); },
+                                           [this](const QString& text) { status = text; }},
                window) {
     editor.bindActions(window.editorActions());
     window.resize(940, 720);

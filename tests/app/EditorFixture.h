@@ -39,9 +39,10 @@ protected:
     SheetRect rectAt(int16_t index) const { return rectOf(tmpl.area(index)); }
 
     QTemporaryDir home;
-    Template tmpl;
-    QString workingFolder;
-    Language language = Language::Catalan;
+    Session session{home.path()};
+    Template& tmpl{session.tmpl};
+    QString& workingFolder{session.workingFolder()};
+    Language& language{session.settings.language};
     int beeps = 0;
     QStringList ran;
     QString status;

@@ -1,5 +1,5 @@
 #include "EditorFixture.h"
-#include "editor/MacroCatalogue.h"
+#include "action/MacroCatalogue.h"
 #include "editor/widgets/GridDialog.h"
 
 #include <QAction>
@@ -237,9 +237,9 @@ QAction* actionNamed(QMenu* menu, const QString& text) {
 }
 
 TEST_F(EditorWindowTest, TheCataloguesProgramsAndMacrosAreOffered) {
-    const MacroCatalogue catalogue = MacroCatalogue::parse(QStringLiteral(
+    session.catalogue = MacroCatalogue::parse(QStringLiteral(
         "[Programes]\nCalculadora=gnome-calculator\n[Macros: Memòria]\nDir la memòria={|RM }\n"));
-    editor.setCatalogue(&catalogue);
+    editor.refreshCatalogue();
     clickOnSheet({80, 80});
     ActionTextEdit* text = window.panel()->actionText();
     text->selectAll();

@@ -51,21 +51,22 @@ protected:
         }
     }
 
-    Template tmpl;
+    Session session{QString()};
+    Template& tmpl{session.tmpl};
+    QString& workingFolder{session.workingFolder()};
     test::FakeClipboard clipboard;
     ScriptedDevice device;
     QStringList fired;
     int beeps = 0;
-    QString workingFolder;
     QString waitingText; // an ActionText that waits (for a flush, a sound) once started
     bool running = false;
-    PressDispatcher dispatcher{{tmpl, clipboard, [this] { return workingFolder; },
-                                [this](const QString& text) {
+    PressDispatcher dispatcher{session,
+                               clipboard,
+                               {[this](const QString& text) {
                                     fired.append(text);
                                     running = text == waitingText;
                                 },
-                                [this] { return running; }, [this] { ++beeps; },
-                                [] { return Language::Catalan; }}};
+                                [this] { return running; }, [this] { ++beeps; }}};
 };
 
 TEST_F(PressDispatcherTest, FiresTheFirstAreaThatHoldsThePoint) {
@@ -79,16 +80,16 @@ TEST_F(PressDispatcherTest, FiresTheFirstAreaThatHoldsThePoint) {
     };
     for (const auto& c : cases) {
         fired.clear();
-        PressDispatcher fresh({tmpl, clipboard, [] { return QString(); },
-                               [this](const QString& text) { fired.append(text); },
-                               [] { return false; }, [] {}, [] { return Language::Catalan; }});
+        PressDispatcher fresh(
+            session, clipboard,
+            {[this](const QString& text) { fired.append(text); }, [] { return false; }, [] {}});
         fresh.DispatchPress(c.x, c.y);
         EXPECT_EQ(fired.join(","), c.fired) << c.x << "," << c.y;
     }
 }
 
 TEST_F(PressDispatcherTest, AHeldPenFiresOnceUntilFiveEmptyPolls) {
-    dispatcher.setDevicePresent(true);
+    session.DevicePresent = true;
     poll({pen(30, 30), pen(30, 30), pen(30, 30)});
     EXPECT_EQ(fired, QStringList{"A"});
     poll({lifted(), lifted(), lifted(), lifted(), pen(30, 30)});
@@ -100,7 +101,7 @@ TEST_F(PressDispatcherTest, AHeldPenFiresOnceUntilFiveEmptyPolls) {
 }
 
 TEST_F(PressDispatcherTest, EmptyPollsNeitherStickNorOverflow) {
-    dispatcher.setDevicePresent(true);
+    session.DevicePresent = true;
     QSignalSpy problem(&dispatcher, &PressDispatcher::problem);
     dispatcher.setDrawWithDevice(true);
     for (int i = 0; i < 40000; ++i) // over half an hour of polls in drawing mode
@@ -133,7 +134,7 @@ TEST_F(PressDispatcherTest, PressesDuringAnActionTextTakeTheirTurnAfterIt) {
 }
 
 TEST_F(PressDispatcherTest, TheQueueKeepsTheNewestPressesAndAHeldPenOnce) {
-    dispatcher.setDevicePresent(true);
+    session.DevicePresent = true;
     QSignalSpy problem(&dispatcher, &PressDispatcher::problem);
     waitingText = "A";
     poll({pen(30, 30), pen(60, 60), pen(60, 60), pen(60, 60)});
@@ -148,21 +149,21 @@ TEST_F(PressDispatcherTest, TheQueueKeepsTheNewestPressesAndAHeldPenOnce) {
 }
 
 TEST_F(PressDispatcherTest, ZeroCoordinatesAndBadStatusAreNoPress) {
-    dispatcher.setDevicePresent(true);
+    session.DevicePresent = true;
     tmpl.AppendArea(test::makeArea(0, 0, 5, 5, 1, "corner"));
     poll({{true, 0, 3}, {true, 3, 0}, {false, 3, 3}, {true, 3, 3}});
     EXPECT_EQ(fired, QStringList{"corner"});
 }
 
 TEST_F(PressDispatcherTest, RepeatedReadingsFireOnEveryPoll) {
-    dispatcher.setDevicePresent(true);
+    session.DevicePresent = true;
     tmpl.area(1).Flags = 1;
     poll({pen(30, 30), pen(30, 30), pen(30, 30)});
     EXPECT_EQ(fired.size(), 3);
 }
 
 TEST_F(PressDispatcherTest, BeepsOnDevicePressesOnlyWithSoundOn) {
-    dispatcher.setDevicePresent(true);
+    session.DevicePresent = true;
     poll({pen(30, 30), lifted()});
     EXPECT_EQ(beeps, 0);
     tmpl.SoundActive = -1;
@@ -180,7 +181,7 @@ TEST_F(PressDispatcherTest, VirtualTabletRepeatsOnlyWithoutADevice) {
     EXPECT_EQ(beeps, 2) << "the virtual tablet always beeps";
 
     fired.clear();
-    dispatcher.setDevicePresent(true);
+    session.DevicePresent = true;
     for (int click = 0; click < 2; ++click) {
         dispatcher.setVirtualPress({60, 60});
         dispatcher.tick();
@@ -190,7 +191,7 @@ TEST_F(PressDispatcherTest, VirtualTabletRepeatsOnlyWithoutADevice) {
 }
 
 TEST_F(PressDispatcherTest, AnArrivingPressFiresAtOnceAndIsNotPolledTwice) {
-    dispatcher.setDevicePresent(true);
+    session.DevicePresent = true;
     tmpl.area(1).Flags = 1; // repeats: a second firing would show
     dispatcher.deviceReadingArrived(pen(30, 30));
     EXPECT_EQ(fired.size(), 1) << "dispatched on arrival";

@@ -11,33 +11,32 @@ namespace {
 
 class TabletControlTest : public ::testing::Test {
 protected:
-    Template tmpl;
+    Session session{QString()};
     test::FakeClipboard clipboard;
-    PressDispatcher dispatcher{{tmpl, clipboard, [] { return QString(); }, [](const QString&) {},
-                                [] { return false; }, [] {}, [] { return Language::Catalan; }}};
+    PressDispatcher dispatcher{
+        session, clipboard, {[](const QString&) {}, [] { return false; }, [] {}}};
     test::FakeSerialBus bus;
-    TabletControl tablet{bus.factory(), dispatcher};
+    TabletControl tablet{session, bus.factory(), dispatcher};
 };
 
 TEST_F(TabletControlTest, AFailedStartKeepsSayingSo) {
-    Settings settings;
-    settings.model = "GENIUS";
+    session.settings.model = "GENIUS";
     QSignalSpy finished(&tablet, &TabletControl::startFinished);
-    tablet.start(settings);
+    tablet.start();
     ASSERT_EQ(finished.size(), 1);
     EXPECT_FALSE(finished.first().first().toBool());
     tablet.SetTabletActive(true);
     EXPECT_FALSE(tablet.isActive());
     EXPECT_EQ(tablet.caption(), Message(Language::Catalan, 113));
-    tablet.setLanguage(Language::Spanish);
+    session.settings.language = Language::Spanish;
+    tablet.retranslate();
     EXPECT_EQ(tablet.caption(), Message(Language::Spanish, 113));
 }
 
 TEST_F(TabletControlTest, TheVirtualTabletIsPolledUnlessTheIntervalIsZero) {
     for (const int16_t interval : {50, 0}) {
-        Settings settings;
-        settings.interval = interval;
-        tablet.start(settings);
+        session.settings.interval = interval;
+        tablet.start();
         tablet.setVirtualTabletShown(true);
         EXPECT_EQ(tablet.isPolling(), interval != 0) << interval;
         tablet.setVirtualTabletShown(false);

@@ -38,10 +38,11 @@ protected:
     }
 
     QTemporaryDir home;
-    Template tmpl;
+    Session session{home.path()};
+    Template& tmpl{session.tmpl};
     UndoSnapshot snapshot{home.path()};
     int beeps = 0;
-    AreaEditor editor{{tmpl, snapshot, [this] { ++beeps; }, [] { return Language::Catalan; }}};
+    AreaEditor editor{{session, snapshot, [this] { ++beeps; }}};
 };
 
 TEST_F(AreaEditorTest, PickingOnTheSheetSetsTheCounters) {
@@ -254,7 +255,8 @@ TEST_F(AreaEditorTest, UndoWithoutSnapshotSaysSoAndChangesNothing) {
 
 TEST_F(AreaEditorTest, AnUnwritableSnapshotIsReportedAndTheEditGoesOn) {
     UndoSnapshot nowhere{QStringLiteral("/proc/no/such/folder")};
-    AreaEditor stuck{{tmpl, nowhere, [] {}, [] { return Language::Spanish; }}};
+    session.settings.language = Language::Spanish;
+    AreaEditor stuck{{session, nowhere, [] {}}};
     int problems = 0;
     QObject::connect(&stuck, &AreaEditor::problem, [&problems] { ++problems; });
     stuck.select(1);
@@ -276,8 +278,8 @@ TEST_F(AreaEditorTest, PagesChangeOnlyToExistingOnes) {
 
 TEST_F(AreaEditorTest, CountersStartAtZeroThenShowDashesWithoutASelection) {
     const CounterTexts dashes{QStringLiteral("----- àrees"), QStringLiteral("----- pàgines")};
-    Template empty;
-    AreaEditor start{{empty, snapshot, [] {}, [] { return Language::Catalan; }}};
+    Session empty{home.path()};
+    AreaEditor start{{empty, snapshot, [] {}}};
     start.reset(); // the empty Template the program starts with
     EXPECT_EQ(start.counters(), startCounterTexts());
     start.select(0);

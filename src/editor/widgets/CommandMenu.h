@@ -1,7 +1,7 @@
 #pragma once
 
+#include "action/MacroCatalogue.h"
 #include "editor/CommandCatalogue.h"
-#include "editor/MacroCatalogue.h"
 #include "platform/Language.h"
 
 #include <QMenu>

@@ -13,9 +13,9 @@
 namespace mervak {
 
 EditorController::EditorController(Context context, Views views, QObject* parent)
-    : QObject(parent), context_(std::move(context)), views_(views), snapshot_(context_.homeFolder),
-      areas_({context_.tmpl, snapshot_, context_.beep, context_.language}),
-      pages_(context_.tmpl, snapshot_, context_.homeFolder),
+    : QObject(parent), context_(std::move(context)), views_(views),
+      snapshot_(context_.session.homeFolder), areas_({context_.session, snapshot_, context_.beep}),
+      pages_(context_.session.tmpl, snapshot_, context_.session.homeFolder),
       interaction_(*views_.pane.sheet(), areas_) {
     connect(&areas_, &AreaEditor::changed, this, &EditorController::showTemplate);
     connect(&areas_, &AreaEditor::drawingChanged, this,
@@ -90,27 +90,25 @@ void EditorController::bindActions(const EditorActions& actions) {
 
 void EditorController::keepForUndo(const Template& before) {
     if (auto error = snapshot_.take(before))
-        context_.showStatus(error->text(context_.language()));
+        context_.showStatus(error->text(context_.session.language()));
 }
 
 void EditorController::refresh() {
     areas_.reset();
 }
 
-void EditorController::setCatalogue(const MacroCatalogue* catalogue) {
-    catalogue_ = catalogue;
-    if (catalogue_)
-        views_.panel.commands()->setCatalogue(*catalogue_, context_.language());
+void EditorController::refreshCatalogue() {
+    views_.panel.commands()->setCatalogue(context_.session.catalogue, context_.session.language());
 }
 
 void EditorController::retranslate() {
-    views_.frame.setLanguage(context_.language());
-    setCatalogue(catalogue_);
+    views_.frame.setLanguage(context_.session.language());
+    refreshCatalogue();
     showTemplate();
 }
 
 QList<SheetArea> EditorController::sheetAreas() const {
-    const Template& t = context_.tmpl;
+    const Template& t = context_.session.tmpl;
     QList<SheetArea> areas;
     for (const int16_t index : t.areasOfPage(t.CurrentPage)) {
         const Area& area = t.area(index);
@@ -121,14 +119,14 @@ QList<SheetArea> EditorController::sheetAreas() const {
 
 // The sheet image is read again only when its name or its file changed.
 QImage EditorController::sheetPicture() {
-    const Template& t = context_.tmpl;
+    const Template& t = context_.session.tmpl;
     if (t.FitxGraf.isEmpty()) {
         picturePath_.clear();
         picture_ = QImage();
         return picture_;
     }
-    const QString folder =
-        t.isUntitled() ? context_.workingFolder() : QFileInfo(t.TemplateFileName).absolutePath();
+    const QString folder = t.isUntitled() ? context_.session.workingFolder()
+                                          : QFileInfo(t.TemplateFileName).absolutePath();
     const QString path = resolveStoredPath(t.FitxGraf, folder);
     const QString stamp = path + QFileInfo(path).lastModified().toString(Qt::ISODateWithMs);
     if (stamp != picturePath_) {
@@ -139,7 +137,7 @@ QImage EditorController::sheetPicture() {
 }
 
 void EditorController::showTemplate() {
-    const Language language = context_.language();
+    const Language language = context_.session.language();
     SheetView* sheet = views_.pane.sheet();
     sheet->setPicture(sheetPicture());
     sheet->setAreas(sheetAreas());
@@ -165,7 +163,8 @@ void EditorController::subdivide() {
         return;
     }
     const SheetRect rect = rectOf(*area);
-    GridDialog dialog(context_.language(), QSizeF(rect.width(), rect.height()), &views_.window);
+    GridDialog dialog(context_.session.language(), QSizeF(rect.width(), rect.height()),
+                      &views_.window);
     dialog.setCounts(gridColumns_, gridRows_);
     if (!areas_.beginSubdivide() || dialog.exec() != QDialog::Accepted)
         return;
@@ -181,16 +180,16 @@ void EditorController::undo() {
 
 // At the first and the last page the buttons do nothing, without a beep.
 void EditorController::previousPage() {
-    areas_.showPage(context_.tmpl.CurrentPage - 1);
+    areas_.showPage(context_.session.tmpl.CurrentPage - 1);
 }
 
 void EditorController::nextPage() {
-    areas_.showPage(context_.tmpl.CurrentPage + 1);
+    areas_.showPage(context_.session.tmpl.CurrentPage + 1);
 }
 
 void EditorController::openPageFrame(PageFrame::Operation operation, bool before) {
-    views_.frame.start(operation, listPageModels(pages_.modelsFolder()), context_.language(),
-                       before);
+    views_.frame.start(operation, listPageModels(pages_.modelsFolder()),
+                       context_.session.language(), before);
 }
 
 void EditorController::confirmPageFrame() {
@@ -207,7 +206,7 @@ void EditorController::confirmPageFrame() {
         report(pages_.saveModel(name));
         return;
     case PageFrame::Operation::Open:
-        report(pages_.addPage(name, frame.placingCode(), context_.deviceModel()));
+        report(pages_.addPage(name, frame.placingCode(), context_.session.settings.model));
         break;
     case PageFrame::Operation::Paste:
         report(pages_.pasteModel(name));
@@ -221,7 +220,7 @@ void EditorController::deletePage() {
         context_.beep();
         return;
     }
-    if (!confirmCritical(&views_.window, context_.language(), 107))
+    if (!confirmCritical(&views_.window, context_.session.language(), 107))
         return;
     report(pages_.deletePage());
     areas_.reset();
@@ -229,11 +228,12 @@ void EditorController::deletePage() {
 
 void EditorController::report(const std::optional<TemplateError>& error) {
     if (error)
-        showNotice(&views_.window, context_.language(), error->text(context_.language()), true);
+        showNotice(&views_.window, context_.session.language(),
+                   error->text(context_.session.language()), true);
 }
 
 QString EditorController::chooseCommandFile(const CommandEntry& entry) {
-    const Language language = context_.language();
+    const Language language = context_.session.language();
     QList<FileFilter> filters;
     switch (entry.file) {
     case CommandFile::None:
@@ -258,7 +258,7 @@ QString EditorController::chooseCommandFile(const CommandEntry& entry) {
     }
     filters.append({Message(language, 44), {QStringLiteral("*")}});
     return chooseFileToOpen(&views_.window, language, entry.menuPath.last(), filters,
-                            context_.workingFolder());
+                            context_.session.workingFolder());
 }
 
 void EditorController::insertCommand(const CommandEntry& entry) {
@@ -271,7 +271,7 @@ void EditorController::insertCommand(const CommandEntry& entry) {
         const QString chosen = chooseCommandFile(entry);
         if (chosen.isEmpty())
             return;
-        fileName = storedFileName(chosen, context_.workingFolder(), entry.file);
+        fileName = storedFileName(chosen, context_.session.workingFolder(), entry.file);
     }
     views_.panel.actionText()->insertCommand(commandText(entry, fileName), entry.placeholder);
 }

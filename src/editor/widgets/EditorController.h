@@ -21,11 +21,7 @@ class EditorController : public QObject {
     Q_OBJECT
 public:
     struct Context {
-        Template& tmpl;
-        QString homeFolder; // the undo snapshot and the page models live here
-        std::function<Language()> language;
-        std::function<QString()> workingFolder;
-        std::function<QString()> deviceModel;
+        Session& session;
         std::function<void()> beep;
         std::function<void(const QString&)> runActionText; // the "try it" button
         std::function<QString(const QString&)> areaLabel;  // an Area's label from its ActionText
@@ -70,7 +66,8 @@ public:
     void insertText(const QString& text);
 
     // The programs and macros the command menu offers; kept by the caller.
-    void setCatalogue(const MacroCatalogue* catalogue);
+    // The session's macro catalogue was read again.
+    void refreshCatalogue();
 
     // What the sheet shows, for other views of it: the current page's Areas
     // and the sheet image (read again only when its name or file changed).
@@ -99,7 +96,6 @@ private:
     PageEditor pages_;
     SheetInteraction interaction_;
     EditorActions actions_;
-    const MacroCatalogue* catalogue_ = nullptr;
     QString picturePath_;
     QImage picture_;
     int gridColumns_ = 2;

@@ -1,6 +1,6 @@
 #include "editor/widgets/PlantForm.h"
 
-#include "editor/MacroCatalogue.h"
+#include "action/MacroCatalogue.h"
 #include "editor/widgets/Captions.h"
 #include "editor/widgets/Dialogs.h"
 #include "platform/PathResolver.h"

@@ -1,6 +1,6 @@
 #include "editor/widgets/PlantForm.h"
 
-#include "editor/MacroCatalogue.h"
+#include "action/MacroCatalogue.h"
 #include "support/FakeWindowSystem.h"
 #include "support/TestFiles.h"
 #include "template/Template.h"

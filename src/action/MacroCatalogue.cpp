@@ -1,4 +1,4 @@
-#include "editor/MacroCatalogue.h"
+#include "action/MacroCatalogue.h"
 
 #include "platform/PathResolver.h"
 #include "platform/TextEncoding.h"

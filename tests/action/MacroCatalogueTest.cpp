@@ -1,4 +1,4 @@
-#include "editor/MacroCatalogue.h"
+#include "action/MacroCatalogue.h"
 
 #include "support/TestFiles.h"
 
