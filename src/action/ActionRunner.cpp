@@ -166,9 +166,8 @@ void ActionRunner::perform(const step::Keys& keys, int depth) {
 }
 
 void ActionRunner::typeAndWait(const KeyStrokes& strokes) {
-    QString error;
-    if (!platform_.keyboard.type(strokes, &error))
-        return emit problem(actionMessage(language_, ActionProblem::KeysNotTyped, {error}));
+    if (const std::optional<TypingError> error = platform_.keyboard.type(strokes))
+        return emit problem(typingErrorMessage(language_, *error));
     waitFor([this](Resume done) { platform_.keyboard.flush(std::move(done)); });
 }
 

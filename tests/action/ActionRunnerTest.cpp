@@ -133,12 +133,38 @@ TEST(ActionRunner, ReportsBrokenKeysInTheUsersLanguage) {
     }
 }
 
-TEST(ActionRunner, ReportsAKeyboardThatCannotType) {
-    RunnerBench bench;
-    bench.keyboard.setFailure("no display");
-    bench.run("a{|Pagina 2}");
-    EXPECT_EQ(bench.problems, QStringList{"No s'han pogut escriure les tecles: no display"});
-    EXPECT_EQ(bench.log.lines, (QStringList{"activate Notepad - doc", "page 2"}));
+TEST(ActionRunner, ReportsAKeyboardThatCannotTypeInTheUsersLanguage) {
+    using Reason = TypingError::Reason;
+    struct Case {
+        Language language;
+        TypingError error;
+        const char* problem;
+    };
+    const Case cases[] = {
+        {Language::Catalan,
+         {Reason::KeyNotTypeable, {Key::Character, U'\x9b', {}}, {}},
+         "No s'han pogut escriure les tecles: \"\u009b\" (U+009B) no es pot escriure amb cap "
+         "teclat"},
+        {Language::Spanish,
+         {Reason::NoFreeKeycode, {Key::F13, 0, {}}, {}},
+         "No se han podido escribir las teclas: no queda ningún código de tecla libre para "
+         "{F13}"},
+        {Language::Catalan,
+         {Reason::DisplayNotOpened, {}, ":7"},
+         "No s'han pogut escriure les tecles: no es pot obrir la pantalla X \":7\""},
+        {Language::Spanish,
+         {Reason::NoModifierKey, {}, "Mod5"},
+         "No se han podido escribir las teclas: ninguna tecla del teclado da el modificador "
+         "Mod5"},
+    };
+    for (const auto& c : cases) {
+        RunnerBench bench;
+        bench.runner.setLanguage(c.language);
+        bench.keyboard.setFailure(c.error);
+        bench.run("a{|Pagina 2}");
+        EXPECT_EQ(bench.problems, QStringList{QString::fromUtf8(c.problem)});
+        EXPECT_EQ(bench.log.lines, (QStringList{"activate Notepad - doc", "page 2"}));
+    }
 }
 
 TEST(ActionRunner, DoesNotGoOnBeforeTheFlushEnds) {

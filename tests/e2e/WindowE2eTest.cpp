@@ -124,9 +124,8 @@ TEST_F(X11BareServerTest, FindsAndActivatesWindowsWithoutAWindowManager) {
 // A server that dies is reported in words; nothing crashes and waits still end.
 TEST_F(X11TestFixture, ALostDisplayIsReportedNotFatal) {
     session_->killServer();
-    QString error;
-    EXPECT_FALSE(keyboard_->type(charactersOf(QStringLiteral("x")), &error));
-    EXPECT_FALSE(error.isEmpty());
+    EXPECT_EQ(keyboard_->type(charactersOf(QStringLiteral("x"))),
+              (TypingError{TypingError::Reason::DisplayLost, {}, {}}));
     EXPECT_FALSE(connection_->isOpen());
     EXPECT_EQ(windows_->findByTitle(QStringLiteral("anything")), kNoWindow);
     EXPECT_EQ(windows_->activeWindow(), kNoWindow);
