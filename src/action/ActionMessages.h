@@ -19,6 +19,9 @@ enum class ActionProblem {
     UnopenedGroup,     //
     KeysNotTyped,      // %1 the keyboard's reason
     NoWindow,          // %1 the target title, %2 the key run
+    NoTargetWindow,    // %1 the key run
+    NotActivated,      // %1 the target title, %2 the key run
+    OwnWindow,         // %1 the window's title, %2 the key run
     TargetGone,        //
     NestingTooDeep,    // %1 the deepest nesting
     NumberOutOfRange,  // %1 the block, without its closing "}"
