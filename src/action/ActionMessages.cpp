@@ -39,6 +39,15 @@ constexpr MessageRow kRows[] = {
     {ActionProblem::NoWindow, kOwnText,
      u"No hi ha cap finestra amb el títol \"%1\": no s'ha escrit \"%2\"",
      u"No hay ninguna ventana con el título \"%1\": no se ha escrito \"%2\""},
+    {ActionProblem::NoTargetWindow, kOwnText,
+     u"No hi ha cap finestra de destinació: no s'ha escrit \"%1\"",
+     u"No hay ninguna ventana de destino: no se ha escrito \"%1\""},
+    {ActionProblem::NotActivated, kOwnText,
+     u"No s'ha pogut activar la finestra \"%1\": no s'ha escrit \"%2\"",
+     u"No se ha podido activar la ventana \"%1\": no se ha escrito \"%2\""},
+    {ActionProblem::OwnWindow, kOwnText,
+     u"La finestra \"%1\" és del Mervak: no s'hi ha escrit \"%2\"",
+     u"La ventana \"%1\" es de Mervak: no se ha escrito \"%2\""},
     {ActionProblem::TargetGone, kOwnText,
      u"La finestra de destinació ja no hi és: no s'ha enganxat res",
      u"La ventana de destino ya no existe: no se ha pegado nada"},
@@ -55,6 +64,22 @@ constexpr MessageRow kRows[] = {
      u"La cuenta de espera %1 está fuera de límites"},
     {ActionProblem::ProgramNotStarted, kOwnText, u"No s'ha pogut engegar \"%1\"",
      u"No se ha podido iniciar \"%1\""},
+    {ActionProblem::NoDisplayNamed, kOwnText,
+     u"no s'ha indicat cap pantalla X (la variable DISPLAY és buida)",
+     u"no se ha indicado ninguna pantalla X (la variable DISPLAY está vacía)"},
+    {ActionProblem::DisplayNotOpened, kOwnText, u"no es pot obrir la pantalla X \"%1\"",
+     u"no se puede abrir la pantalla X \"%1\""},
+    {ActionProblem::DisplayLost, kOwnText, u"s'ha perdut la connexió amb la pantalla X",
+     u"se ha perdido la conexión con la pantalla X"},
+    {ActionProblem::NoKeyboardMap, kOwnText,
+     u"no es pot llegir el mapa del teclat (el servidor X no té l'extensió XKB)",
+     u"no se puede leer el mapa del teclado (el servidor X no tiene la extensión XKB)"},
+    {ActionProblem::KeyNotTypeable, kOwnText, u"%1 no es pot escriure amb cap teclat",
+     u"%1 no se puede escribir con ningún teclado"},
+    {ActionProblem::NoFreeKeycode, kOwnText, u"no queda cap codi de tecla lliure per a %1",
+     u"no queda ningún código de tecla libre para %1"},
+    {ActionProblem::NoModifierKey, kOwnText, u"cap tecla del teclat no dona el modificador %1",
+     u"ninguna tecla del teclado da el modificador %1"},
     {ActionProblem::FileNotFound, 15, {}, {}},
     {ActionProblem::FileNotRead, 3, {}, {}},
 };
@@ -100,6 +125,36 @@ ActionProblem problemOf(SendKeysError::Kind kind) {
     return ActionProblem::UnclosedBrace;
 }
 
+ActionProblem problemOf(TypingError::Reason reason) {
+    switch (reason) {
+    case TypingError::Reason::NoDisplayNamed:
+        return ActionProblem::NoDisplayNamed;
+    case TypingError::Reason::DisplayNotOpened:
+        return ActionProblem::DisplayNotOpened;
+    case TypingError::Reason::DisplayLost:
+        return ActionProblem::DisplayLost;
+    case TypingError::Reason::NoKeyboardMap:
+        return ActionProblem::NoKeyboardMap;
+    case TypingError::Reason::KeyNotTypeable:
+        return ActionProblem::KeyNotTypeable;
+    case TypingError::Reason::NoFreeKeycode:
+        return ActionProblem::NoFreeKeycode;
+    case TypingError::Reason::NoModifierKey:
+        return ActionProblem::NoModifierKey;
+    }
+    return ActionProblem::DisplayLost;
+}
+
+// A character with its code, since it may not show ("\"é\" (U+00E9)"); a named key
+// in the notation ("{F13}").
+QString keyName(const KeyStroke& stroke) {
+    if (stroke.key != Key::Character)
+        return SendKeysParser::notation(KeyStroke{stroke.key, 0, {}});
+    const QString code = QString::number(static_cast<uint>(stroke.character), 16).toUpper();
+    return QStringLiteral("\"%1\" (U+%2)")
+        .arg(QString::fromUcs4(&stroke.character, 1), code.rightJustified(4, u'0'));
+}
+
 } // namespace
 
 QString actionMessage(Language language, ActionProblem problem, const QStringList& arguments) {
@@ -112,6 +167,14 @@ QString keysErrorMessage(Language language, const SendKeysError& error, const QS
     const QString what = actionMessage(language, problemOf(error.kind), {error.detail});
     return actionMessage(language, ActionProblem::KeysNotRead,
                          {keys, what, QString::number(error.position + 1)});
+}
+
+QString typingErrorMessage(Language language, const TypingError& error) {
+    const bool aboutKey = error.reason == TypingError::Reason::KeyNotTypeable ||
+                          error.reason == TypingError::Reason::NoFreeKeycode;
+    const QString what = actionMessage(language, problemOf(error.reason),
+                                       {aboutKey ? keyName(error.stroke) : error.detail});
+    return actionMessage(language, ActionProblem::KeysNotTyped, {what});
 }
 
 } // namespace mervak

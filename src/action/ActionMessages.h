@@ -1,6 +1,7 @@
 #pragma once
 
 #include "action/SendKeysParser.h"
+#include "platform/KeyboardOutput.h"
 #include "platform/Language.h"
 
 #include <QString>
@@ -18,12 +19,22 @@ enum class ActionProblem {
     UnopenedGroup,     //
     KeysNotTyped,      // %1 the keyboard's reason
     NoWindow,          // %1 the target title, %2 the key run
+    NoTargetWindow,    // %1 the key run
+    NotActivated,      // %1 the target title, %2 the key run
+    OwnWindow,         // %1 the window's title, %2 the key run
     TargetGone,        //
     NestingTooDeep,    // %1 the deepest nesting
     NumberOutOfRange,  // %1 the block, without its closing "}"
     MouseOutOfRange,   // %1 the mouse sub-commands
     WaitOutOfRange,    // %1 the count
     ProgramNotStarted, // %1 the command line
+    NoDisplayNamed,    // the keyboard's reasons, after KeysNotTyped
+    DisplayNotOpened,  // %1 the display's name
+    DisplayLost,       //
+    NoKeyboardMap,     //
+    KeyNotTypeable,    // %1 the key
+    NoFreeKeycode,     // %1 the key
+    NoModifierKey,     // %1 the modifier
     FileNotFound,      // %1 the path
     FileNotRead,       // %1 the path
 };
@@ -33,5 +44,8 @@ QString actionMessage(Language language, ActionProblem problem, const QStringLis
 
 // The whole status line of a key run that could not be read.
 QString keysErrorMessage(Language language, const SendKeysError& error, const QString& keys);
+
+// The whole status line of keys the keyboard could not type.
+QString typingErrorMessage(Language language, const TypingError& error);
 
 } // namespace mervak

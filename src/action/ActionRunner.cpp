@@ -41,9 +41,11 @@ std::deque<RunnerStep> stepsOf(const QString& text, int depth) {
 } // namespace
 
 ActionRunner::ActionRunner(const ActionPlatform& platform, ActionState& state,
-                           TargetTitleLookup targetTitle, QObject* parent)
+                           TargetTitleLookup targetTitle, OwnWindowTest isOwnWindow,
+                           QObject* parent)
     : QObject(parent), platform_(platform), state_(state), targetTitle_(std::move(targetTitle)),
-      random_(clockSeed(platform.clock)), interpreter_(state, platform_, random_) {}
+      isOwnWindow_(std::move(isOwnWindow)), random_(clockSeed(platform.clock)),
+      interpreter_(state, platform_, random_) {}
 
 void ActionRunner::setLanguage(Language language) {
     language_ = language;
@@ -155,20 +157,36 @@ void ActionRunner::perform(const step::Keys& keys, int depth) {
     const SendKeysResult parsed = SendKeysParser::parse(keys.keys);
     if (parsed.error)
         return emit problem(keysErrorMessage(language_, *parsed.error, keys.keys));
-    if (!title.isEmpty()) {
-        const WindowId window = platform_.windows.findByTitle(title);
-        if (window == kNoWindow)
-            return emit problem(
-                actionMessage(language_, ActionProblem::NoWindow, {title, keys.keys}));
-        platform_.windows.activate(window);
-    }
+    if (const std::optional<QString> refusal = focusTarget(title, keys.keys))
+        return emit problem(*refusal);
     typeAndWait(parsed.strokes);
 }
 
+// Leaves the focus in the window the keys are for; why not, when they must not be typed.
+std::optional<QString> ActionRunner::focusTarget(const QString& title, const QString& keys) {
+    WindowSystem& windows = platform_.windows;
+    if (title.isEmpty()) {
+        const WindowId focused = windows.activeWindow();
+        if (focused == kNoWindow)
+            return actionMessage(language_, ActionProblem::NoTargetWindow, {keys});
+        if (isOwnWindow_(focused))
+            return actionMessage(language_, ActionProblem::OwnWindow,
+                                 {windows.title(focused), keys});
+        return std::nullopt;
+    }
+    const WindowId window = windows.findByTitle(title);
+    if (window == kNoWindow)
+        return actionMessage(language_, ActionProblem::NoWindow, {title, keys});
+    if (isOwnWindow_(window))
+        return actionMessage(language_, ActionProblem::OwnWindow, {title, keys});
+    if (!windows.activate(window))
+        return actionMessage(language_, ActionProblem::NotActivated, {title, keys});
+    return std::nullopt;
+}
+
 void ActionRunner::typeAndWait(const KeyStrokes& strokes) {
-    QString error;
-    if (!platform_.keyboard.type(strokes, &error))
-        return emit problem(actionMessage(language_, ActionProblem::KeysNotTyped, {error}));
+    if (const std::optional<TypingError> error = platform_.keyboard.type(strokes))
+        return emit problem(typingErrorMessage(language_, *error));
     waitFor([this](Resume done) { platform_.keyboard.flush(std::move(done)); });
 }
 

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <optional>
 
 namespace mervak {
 
@@ -20,18 +21,26 @@ namespace mervak {
 // (the keyboard's flush) before the next step; waits resume from the event loop
 // and never block it. ActionTexts given while one runs queue behind it.
 //
-// Key runs: an empty target title types into whichever window has the focus; a
-// title that matches no window types nothing and says so through problem(); the
-// title "|" stops the ActionText (or the nested text) it occurs in.
+// Key runs: a target title activates the window it names; an empty one types into
+// whichever window has the focus. A run is typed only into a window that is not
+// one of the program's own, that exists and, named by title, took the focus:
+// otherwise nothing of it is typed and problem() says why. The title "|" stops the
+// ActionText (or the nested text) it occurs in.
 class ActionRunner : public QObject {
     Q_OBJECT
 public:
     // The title of the window that is to receive keys, or "|" when none may.
     using TargetTitleLookup = std::function<QString()>;
+    // Whether the window is one of the program's own, which never receive keys.
+    using OwnWindowTest = std::function<bool(WindowId)>;
 
-    // The generator of TRIA is seeded from the clock.
+    // For a program without windows of its own (a command-line tool).
+    static bool noOwnWindows(WindowId) { return false; }
+
+    // The generator of TRIA is seeded from the clock. A program with windows of
+    // its own must pass `isOwnWindow`.
     ActionRunner(const ActionPlatform& platform, ActionState& state, TargetTitleLookup targetTitle,
-                 QObject* parent = nullptr);
+                 OwnWindowTest isOwnWindow = noOwnWindows, QObject* parent = nullptr);
 
     // Queues the ActionText and, when nothing runs, starts it at once: the
     // steps up to the first wait run inside this call. Ignored once TANCAR ran.
@@ -83,6 +92,7 @@ private:
     void perform(const step::Sound& sound, int depth);
     void perform(step::Mouse& mouse, int depth);
     void perform(const step::Pointer& pointer, int depth);
+    std::optional<QString> focusTarget(const QString& title, const QString& keys);
     void apply(const CommandResult& result, int depth);
     void close();
     void typeAndWait(const KeyStrokes& strokes);
@@ -90,6 +100,7 @@ private:
     ActionPlatform platform_;
     ActionState& state_;
     TargetTitleLookup targetTitle_;
+    OwnWindowTest isOwnWindow_;
     Language language_ = Language::Catalan;
     RandomChoice random_;
     CommandInterpreter interpreter_;

@@ -2,18 +2,37 @@
 
 #include "platform/KeyStroke.h"
 
+#include <QString>
 #include <functional>
+#include <optional>
 
 namespace mervak {
+
+// Why type() sent nothing, in no language: the caller words it in the user's.
+struct TypingError {
+    enum class Reason {
+        NoDisplayNamed,   // no display was named to connect to
+        DisplayNotOpened, // `detail`: the display's name
+        DisplayLost,      // the connection to the display broke
+        NoKeyboardMap,    // the keyboard map cannot be read
+        KeyNotTypeable,   // `stroke`: no keyboard can type it
+        NoFreeKeycode,    // `stroke`: no key is left to put it on
+        NoModifierKey,    // `detail`: the modifier no key gives ("Shift", "Mod5", ...)
+    };
+    Reason reason = Reason::DisplayLost;
+    KeyStroke stroke;
+    QString detail;
+    friend bool operator==(const TypingError&, const TypingError&) = default;
+};
 
 // Types keys into whichever window has the input focus.
 class KeyboardOutput {
 public:
     virtual ~KeyboardOutput() = default;
 
-    // Types the strokes in order. Returns false, with a reason in plain words,
-    // when they could not all be sent (no display, no spare keycode).
-    virtual bool type(const KeyStrokes& strokes, QString* error) = 0;
+    // Types the strokes in order; nothing on success. Sends none of them and
+    // says why when they could not all be sent.
+    virtual std::optional<TypingError> type(const KeyStrokes& strokes) = 0;
 
     // Calls `done` from the event loop once the focused client has had every key
     // sent so far delivered: the "waiting" of a waiting send. Never blocks.

@@ -3,6 +3,7 @@
 #include "platform/Checked16.h"
 
 #include <QtGlobal>
+#include <algorithm>
 
 namespace mervak {
 
@@ -27,7 +28,23 @@ const Area& Template::area(int index) const {
 
 Area& Template::area(int index) {
     Q_ASSERT(index >= 1 && index <= AreaCount());
+    m_boxesCurrent = false;
     return m_areas[index];
+}
+
+const QList<AreaBox>& Template::areaBoxes() const {
+    if (m_boxesCurrent)
+        return m_boxes;
+    m_boxes.clear();
+    m_boxes.reserve(AreaCount());
+    for (int i = 1; i <= AreaCount(); ++i) {
+        const Area& a = m_areas[i];
+        const auto [left, right] = std::minmax(a.X0, a.X1);
+        const auto [bottom, top] = std::minmax(a.Y0, a.Y1);
+        m_boxes.append({left, bottom, right, top, a.Page});
+    }
+    m_boxesCurrent = true;
+    return m_boxes;
 }
 
 void Template::reserveAreas(qsizetype count) {
@@ -40,6 +57,7 @@ void Template::AppendArea(const Area& area) {
     const int16_t current = add16(CurrentArea, 1);
     add16(AreaCount(), 1);
     m_areas.append(area);
+    m_boxesCurrent = false;
     PageAreaCount = pageAreas;
     CurrentArea = current;
     Modified = true;
@@ -51,6 +69,7 @@ void Template::DeleteArea(int16_t index) {
     if (index < 1 || index > AreaCount())
         return;
     m_areas.removeAt(index);
+    m_boxesCurrent = false;
     PageAreaCount = sub16(PageAreaCount, 1);
     CurrentArea = sub16(CurrentArea, 1);
 }

@@ -9,6 +9,16 @@
 
 namespace mervak {
 
+// An Area's rectangle with its corners in order, and its page: all the hit test
+// reads, packed so that a scan of every Area stays in the cache.
+struct AreaBox {
+    int16_t left = 0;
+    int16_t bottom = 0;
+    int16_t right = 0;
+    int16_t top = 0;
+    int16_t page = 0;
+};
+
 // The one open Template: its stored header, its Areas and the editing cursor.
 // The Areas of all Pages form one array indexed 1..AreaCount() in file order.
 // Stored booleans (PlantOption, SoundActive) keep the classic -1/0 values.
@@ -51,9 +61,14 @@ public:
 
     int16_t AreaCount() const { return static_cast<int16_t>(m_areas.size() - 1); }
 
-    // Index 1..AreaCount(); anything else is a programming error.
+    // Index 1..AreaCount(); anything else is a programming error. The writable
+    // reference drops areaBoxes(): write through it before the next hit test.
     const Area& area(int index) const;
     Area& area(int index);
+
+    // One box per Area, element i - 1 for Area i. Every member that can change an
+    // Area drops them and the first use after it builds them again.
+    const QList<AreaBox>& areaBoxes() const;
 
     // Makes room for `count` further Areas so that reading a file grows the array once.
     void reserveAreas(qsizetype count);
@@ -87,6 +102,8 @@ public:
 
 private:
     QList<Area> m_areas; // element 0 always exists and holds no Area
+    mutable QList<AreaBox> m_boxes;
+    mutable bool m_boxesCurrent = false;
 };
 
 // The untitled name, and the window title that shows the file name.

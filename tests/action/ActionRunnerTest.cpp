@@ -84,7 +84,18 @@ struct TitleCase {
     QStringList effects;
     QString memoryAfter;
     int problems = 0;
+    void (*arrange)(RunnerBench&) = nullptr;
+    const char* says = ""; // in the first problem
 };
+
+void focusNotepad(RunnerBench& bench) {
+    bench.windows.focus(bench.notepad);
+}
+
+void notepadIsOurs(RunnerBench& bench) {
+    bench.ownWindows = {bench.notepad};
+    bench.windows.focus(bench.notepad);
+}
 
 TEST(ActionRunner, FollowsTheTargetTitle) {
     const TitleCase cases[] = {
@@ -97,17 +108,68 @@ TEST(ActionRunner, FollowsTheTargetTitle) {
          "a",
          {"activate Notepad - doc", "type a", "flush"},
          "x"},
-        {"no title types into the focused window", "", "a", {"type a", "flush"}, "x"},
-        {"a title that matches no window types nothing", "Calculator", "a{|M+ 1}b", {}, "x1", 2},
+        {"no title types into the focused window",
+         "",
+         "a",
+         {"type a", "flush"},
+         "x",
+         0,
+         focusNotepad},
+        {"no title and no focus types nothing",
+         "",
+         "a{|M+ 1}b",
+         {},
+         "x1",
+         2,
+         nullptr,
+         "No hi ha cap finestra de destinació: no s'ha escrit \"a\""},
+        {"a title that matches no window types nothing",
+         "Calculator",
+         "a{|M+ 1}b",
+         {},
+         "x1",
+         2,
+         nullptr,
+         "No hi ha cap finestra amb el títol \"Calculator\""},
+        {"a window that refuses the focus gets nothing",
+         "Notepad",
+         "a",
+         {},
+         "x",
+         1,
+         [](RunnerBench& bench) { bench.windows.refuseFocus(bench.notepad); },
+         "No s'ha pogut activar la finestra \"Notepad\""},
+        {"our own window gets nothing by its title",
+         "Notepad",
+         "a",
+         {},
+         "x",
+         1,
+         notepadIsOurs,
+         "La finestra \"Notepad\" és del Mervak"},
+        {"our own window gets nothing by the focus",
+         "",
+         "a",
+         {},
+         "x",
+         1,
+         notepadIsOurs,
+         "La finestra \"Notepad - doc\" és del Mervak"},
     };
     for (const auto& c : cases) {
         RunnerBench bench;
         bench.targetTitle = c.title;
         bench.state.memoryRegister = "x";
+        if (c.arrange)
+            c.arrange(bench);
         bench.run(c.text);
         EXPECT_EQ(bench.log.lines, c.effects) << c.name;
         EXPECT_EQ(bench.state.memoryRegister, c.memoryAfter) << c.name;
-        EXPECT_EQ(bench.problems.size(), c.problems) << c.name << ": " << bench.problems;
+        ASSERT_EQ(bench.problems.size(), c.problems) << c.name << ": " << bench.problems;
+        if (c.problems > 0) {
+            EXPECT_TRUE(bench.problems.front().contains(QString::fromUtf8(c.says)))
+                << c.name << ": " << bench.problems.front();
+        }
     }
 }
 
@@ -133,12 +195,38 @@ TEST(ActionRunner, ReportsBrokenKeysInTheUsersLanguage) {
     }
 }
 
-TEST(ActionRunner, ReportsAKeyboardThatCannotType) {
-    RunnerBench bench;
-    bench.keyboard.setFailure("no display");
-    bench.run("a{|Pagina 2}");
-    EXPECT_EQ(bench.problems, QStringList{"No s'han pogut escriure les tecles: no display"});
-    EXPECT_EQ(bench.log.lines, (QStringList{"activate Notepad - doc", "page 2"}));
+TEST(ActionRunner, ReportsAKeyboardThatCannotTypeInTheUsersLanguage) {
+    using Reason = TypingError::Reason;
+    struct Case {
+        Language language;
+        TypingError error;
+        const char* problem;
+    };
+    const Case cases[] = {
+        {Language::Catalan,
+         {Reason::KeyNotTypeable, {Key::Character, U'\x9b', {}}, {}},
+         "No s'han pogut escriure les tecles: \"\u009b\" (U+009B) no es pot escriure amb cap "
+         "teclat"},
+        {Language::Spanish,
+         {Reason::NoFreeKeycode, {Key::F13, 0, {}}, {}},
+         "No se han podido escribir las teclas: no queda ningún código de tecla libre para "
+         "{F13}"},
+        {Language::Catalan,
+         {Reason::DisplayNotOpened, {}, ":7"},
+         "No s'han pogut escriure les tecles: no es pot obrir la pantalla X \":7\""},
+        {Language::Spanish,
+         {Reason::NoModifierKey, {}, "Mod5"},
+         "No se han podido escribir las teclas: ninguna tecla del teclado da el modificador "
+         "Mod5"},
+    };
+    for (const auto& c : cases) {
+        RunnerBench bench;
+        bench.runner.setLanguage(c.language);
+        bench.keyboard.setFailure(c.error);
+        bench.run("a{|Pagina 2}");
+        EXPECT_EQ(bench.problems, QStringList{QString::fromUtf8(c.problem)});
+        EXPECT_EQ(bench.log.lines, (QStringList{"activate Notepad - doc", "page 2"}));
+    }
 }
 
 TEST(ActionRunner, DoesNotGoOnBeforeTheFlushEnds) {

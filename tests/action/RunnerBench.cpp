@@ -7,9 +7,11 @@
 namespace mervak::test {
 
 RunnerBench::RunnerBench()
-    : runner(ActionPlatform{keyboard, windows, pointer, clipboard, launcher, sound, speech, clock,
-                            registry},
-             state, [this] { return targetTitle; }) {
+    : runner(
+          ActionPlatform{keyboard, windows, pointer, clipboard, launcher, sound, speech, clock,
+                         registry},
+          state, [this] { return targetTitle; },
+          [this](WindowId window) { return ownWindows.contains(window); }) {
     notepad = windows.addWindow(QStringLiteral("Notepad - doc"), WindowRect{100, 50, 500, 400});
     state.TargetWindow = notepad;
     state.speechAvailable = true;

@@ -20,6 +20,7 @@ namespace mervak::test {
 // runner's signals are logged too: "page <n>", "open-template <path>", "close".
 // Problems are kept apart, in `problems`. One window, "Notepad - doc", sits at
 // (100, 50)-(500, 400); the target title is "Notepad" until a test changes it.
+// The windows in `ownWindows` are the program's own.
 class RunnerBench {
 public:
     RunnerBench();
@@ -45,6 +46,7 @@ public:
     ActionState state;
     QString targetTitle = QStringLiteral("Notepad");
     WindowId notepad = kNoWindow;
+    QList<WindowId> ownWindows;
     QStringList problems;
     ActionRunner runner;
 };

@@ -41,7 +41,7 @@ void X11TestFixture::startSession(bool windowManager) {
     ASSERT_TRUE(session_->start(windowManager, &error)) << error.toStdString();
     qputenv("DISPLAY", session_->display().toLocal8Bit());
     connection_ = std::make_unique<X11Connection>();
-    ASSERT_TRUE(connection_->isOpen()) << connection_->error().toStdString();
+    ASSERT_TRUE(connection_->isOpen()) << connection_->displayName().toStdString();
     windows_ = std::make_unique<X11WindowSystem>(*connection_);
     keyboard_ = std::make_unique<X11Keyboard>(*connection_);
     pointer_ = std::make_unique<X11Pointer>(*connection_);
@@ -66,8 +66,7 @@ void X11TestFixture::openTerminal(const QString& title, Terminal* terminal) {
 
 void X11TestFixture::typeInto(const Terminal& terminal, const KeyStrokes& strokes) {
     ASSERT_TRUE(windows_->activate(terminal.window));
-    QString error;
-    ASSERT_TRUE(keyboard_->type(strokes, &error)) << error.toStdString();
+    ASSERT_EQ(keyboard_->type(strokes), std::nullopt);
     bool flushed = false;
     keyboard_->flush([&flushed] { flushed = true; });
     ASSERT_TRUE(waitFor([&flushed] { return flushed; })) << "the flush never ended";

@@ -42,15 +42,12 @@ QString FakeKeyboard::describe(const KeyStrokes& strokes) {
     return text;
 }
 
-bool FakeKeyboard::type(const KeyStrokes& strokes, QString* error) {
-    if (!failure_.isEmpty()) {
-        if (error)
-            *error = failure_;
-        return false;
-    }
+std::optional<TypingError> FakeKeyboard::type(const KeyStrokes& strokes) {
+    if (failure_)
+        return failure_;
     typed_.append(strokes);
     logTo(log_, QStringLiteral("type ") + describe(strokes));
-    return true;
+    return std::nullopt;
 }
 
 void FakeKeyboard::flush(std::function<void()> done) {

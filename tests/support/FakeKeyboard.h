@@ -16,11 +16,11 @@ class FakeKeyboard : public KeyboardOutput {
 public:
     explicit FakeKeyboard(EffectLog* log = nullptr) : log_(log) {}
 
-    bool type(const KeyStrokes& strokes, QString* error) override;
+    std::optional<TypingError> type(const KeyStrokes& strokes) override;
     void flush(std::function<void()> done) override;
 
-    // Every later type() fails with this reason; empty makes it succeed again.
-    void setFailure(const QString& error) { failure_ = error; }
+    // Every later type() fails with this error; nothing makes it succeed again.
+    void setFailure(std::optional<TypingError> error) { failure_ = std::move(error); }
     // While held, flushes wait for releaseFlushes().
     void holdFlushes(bool hold) { hold_ = hold; }
     void releaseFlushes();
@@ -34,7 +34,7 @@ public:
 
 private:
     EffectLog* log_;
-    QString failure_;
+    std::optional<TypingError> failure_;
     bool hold_ = false;
     QList<std::function<void()>> held_;
     QList<KeyStrokes> typed_;

@@ -40,7 +40,7 @@ WindowId FakeWindowSystem::findByTitle(const QString& title) {
 
 bool FakeWindowSystem::activate(WindowId window) {
     const Window* w = find(window);
-    if (!w)
+    if (!w || refusing_.contains(window))
         return false;
     active_ = window;
     activations_.append(window);

@@ -17,6 +17,10 @@ public:
     // Adds a window on top of the others and returns its id (1, 2, ...).
     WindowId addWindow(const QString& title, const WindowRect& rect = {});
     void removeWindow(WindowId window);
+    // The window has the focus, as if the user had clicked it.
+    void focus(WindowId window) { active_ = window; }
+    // activate() fails for the window, as for one that is not shown.
+    void refuseFocus(WindowId window) { refusing_.append(window); }
     void setScreenSize(const QSize& size) { screen_ = size; }
 
     // Every successful activation, in order.
@@ -40,6 +44,7 @@ private:
     EffectLog* log_;
     QList<Window> windows_;
     QList<WindowId> activations_;
+    QList<WindowId> refusing_;
     WindowId active_ = kNoWindow;
     WindowId nextId_ = 1;
     QSize screen_{1024, 768};

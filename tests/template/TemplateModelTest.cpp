@@ -1,6 +1,9 @@
 #include "platform/Checked16.h"
+#include "support/TestAreas.h"
+#include "template/AreaHitTest.h"
 #include "template/Template.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace mervak {
@@ -154,6 +157,42 @@ TEST(TemplateModel, NextAndPreviousAreaWalkThePage) {
         EXPECT_EQ(answered, c.answered) << c.name;
         EXPECT_EQ(t.CurrentArea, c.currentAfter) << c.name;
         EXPECT_EQ(t.SelectedArea, c.selectedAfter) << c.name;
+    }
+}
+
+// The hit test reads boxes the Template keeps beside its Areas: each change must
+// reach them, also after a hit test has built them.
+TEST(TemplateModel, TheHitTestSeesEveryChange) {
+    struct Case {
+        const char* name;
+        std::function<void(Template&)> change;
+        int16_t x, y;
+        AreaHit expected;
+    };
+    using test::makeArea;
+    const Case cases[] = {
+        {"edges included", [](Template&) {}, 10, 10, {1, 1}},
+        {"overlap: the earlier wins", [](Template&) {}, 7, 5, {1, 1}},
+        {"other pages skipped", [](Template&) {}, 35, 5, {0, 2}},
+        {"corner moved", [](Template& t) { t.area(1).X1 = 3; }, 4, 5, {0, 2}},
+        {"corners stored reversed", [](Template& t) { t.area(2).X0 = 40; }, 35, 5, {2, 2}},
+        {"moved to another page", [](Template& t) { t.area(1).Page = 2; }, 7, 5, {2, 1}},
+        {"appended", [](Template& t) { t.AppendArea(makeArea(0, 20, 9, 29, 1)); }, 5, 25, {4, 3}},
+        {"deleted", [](Template& t) { t.DeleteArea(1); }, 7, 5, {1, 1}},
+        {"emptied", [](Template& t) { t.NewTemplate(); }, 5, 5, {0, 0}},
+        {"current page changed", [](Template& t) { t.CurrentPage = 2; }, 35, 5, {3, 1}},
+    };
+    for (const auto& c : cases) {
+        Template t;
+        t.PageCount = 2;
+        t.AppendArea(makeArea(0, 0, 10, 10, 1));
+        t.AppendArea(makeArea(5, 0, 30, 10, 1));
+        t.AppendArea(makeArea(30, 0, 40, 10, 2));
+        FindArea(t, 0, 0);
+        c.change(t);
+        const AreaHit hit = FindArea(t, c.x, c.y);
+        EXPECT_EQ(hit.index, c.expected.index) << c.name;
+        EXPECT_EQ(hit.ordinal, c.expected.ordinal) << c.name;
     }
 }
 

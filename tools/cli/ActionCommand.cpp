@@ -64,7 +64,8 @@ void waitUntilIdle(ActionRunner& runner) {
 int execute(const ActionPlatform& platform, ActionState& state, const ActionOptions& options,
             const std::function<void(ActionRunner&)>& watch) {
     const QString title = options.targetTitle;
-    ActionRunner runner(platform, state, [title] { return title; });
+    ActionRunner runner(
+        platform, state, [title] { return title; }, ActionRunner::noOwnWindows);
     if (options.seed)
         runner.seedRandom(*options.seed);
     int problems = 0;

@@ -73,9 +73,9 @@ struct Bench {
     std::unique_ptr<X11Keyboard> keyboard;
 
     bool type(const QString& text) {
-        QString error;
-        if (!keyboard->type(strokesOf(text), &error)) {
-            std::fprintf(stderr, "typing failed: %s\n", qPrintable(error));
+        if (const std::optional<TypingError> error = keyboard->type(strokesOf(text))) {
+            std::fprintf(stderr, "typing failed: reason %d %s\n", static_cast<int>(error->reason),
+                         qPrintable(error->detail));
             return false;
         }
         return true;
@@ -225,7 +225,8 @@ int main(int argc, char** argv) {
     }
     bench.connection = std::make_unique<X11Connection>(bench.session.display());
     if (!bench.connection->isOpen()) {
-        std::fprintf(stderr, "%s\n", qPrintable(bench.connection->error()));
+        std::fprintf(stderr, "cannot open the X display %s\n",
+                     qPrintable(bench.connection->displayName()));
         return 1;
     }
     bench.windows = std::make_unique<X11WindowSystem>(*bench.connection);

@@ -6,12 +6,12 @@
 
 namespace mervak {
 
-bool DryRunKeyboard::type(const KeyStrokes& strokes, QString*) {
+std::optional<TypingError> DryRunKeyboard::type(const KeyStrokes& strokes) {
     QStringList events;
     for (const KeyStroke& stroke : strokes)
         events.append(SendKeysParser::notation(stroke));
     log_.write(DryRunLine("keys").add("text", events.join(QString())).add("events", events));
-    return true;
+    return std::nullopt;
 }
 
 void DryRunKeyboard::flush(std::function<void()> done) {

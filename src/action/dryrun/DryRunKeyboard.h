@@ -13,7 +13,7 @@ class DryRunKeyboard : public KeyboardOutput {
 public:
     explicit DryRunKeyboard(DryRunLog& log) : log_(log) {}
 
-    bool type(const KeyStrokes& strokes, QString* error) override;
+    std::optional<TypingError> type(const KeyStrokes& strokes) override;
     void flush(std::function<void()> done) override;
 
 private:

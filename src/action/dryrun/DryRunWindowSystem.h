@@ -7,9 +7,11 @@ namespace mervak {
 
 // A pretend screen of kScreenSize pixels holding at most one window, the
 // target, at kTargetRect. Activating it is an "activate" effect with its title.
+// Until then the focus is in kFocused, an untitled window of another program.
 class DryRunWindowSystem : public WindowSystem {
 public:
     static constexpr WindowId kTarget = 1;
+    static constexpr WindowId kFocused = 2;
     static constexpr QSize kScreenSize{1920, 1080};
     static constexpr WindowRect kTargetRect{100, 50, 900, 650};
 
@@ -31,7 +33,7 @@ public:
 private:
     DryRunLog& log_;
     QString title_;
-    WindowId active_ = kNoWindow;
+    WindowId active_ = kFocused;
 };
 
 } // namespace mervak

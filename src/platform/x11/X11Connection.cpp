@@ -37,8 +37,7 @@ struct X11ErrorHandlers {
     // Called instead of exit() when the server goes away.
     static void onConnectionLost(Display* display, void*) {
         if (X11Connection* connection = find(display)) {
-            connection->lost_ = true;
-            connection->error_ = QStringLiteral("The connection to the X display was lost.");
+            connection->state_ = X11Connection::State::Lost;
         }
     }
 
@@ -54,14 +53,14 @@ struct X11ErrorHandlers {
 
 X11Connection::X11Connection(const QString& displayName) {
     const QByteArray name = displayName.isEmpty() ? qgetenv("DISPLAY") : displayName.toLocal8Bit();
+    displayName_ = QString::fromLocal8Bit(name);
     if (name.isEmpty()) {
-        error_ = QStringLiteral("No X display: the DISPLAY variable is not set.");
+        state_ = State::NoDisplayNamed;
         return;
     }
     display_ = XOpenDisplay(name.constData());
     if (display_ == nullptr) {
-        error_ =
-            QStringLiteral("Cannot open the X display \"%1\".").arg(QString::fromLocal8Bit(name));
+        state_ = State::NotOpened;
         return;
     }
     X11ErrorHandlers::install(this);
@@ -71,18 +70,14 @@ X11Connection::~X11Connection() {
     if (display_ == nullptr) {
         return;
     }
-    if (!lost_) {
+    if (state_ != State::Lost) {
         XCloseDisplay(display_);
     }
     X11ErrorHandlers::remove(this);
 }
 
 bool X11Connection::isOpen() const {
-    return display_ != nullptr && !lost_;
-}
-
-QString X11Connection::error() const {
-    return error_;
+    return state_ == State::Open;
 }
 
 X11ErrorTrap::X11ErrorTrap(X11Connection& connection)

@@ -21,10 +21,19 @@ public:
     X11Connection(const X11Connection&) = delete;
     X11Connection& operator=(const X11Connection&) = delete;
 
+    enum class State {
+        Open,
+        NoDisplayNamed, // neither a name nor $DISPLAY
+        NotOpened,      // the display named could not be opened
+        Lost,           // it was open and the connection broke
+    };
+
     // False when the display could not be opened or the connection was lost since.
     bool isOpen() const;
-    // Why the display is not usable, in plain words; empty while it is.
-    QString error() const;
+    // Open, or why the display is not usable.
+    State state() const { return state_; }
+    // The display asked for: the name given, else $DISPLAY.
+    QString displayName() const { return displayName_; }
     // The Xlib display; valid while isOpen().
     Display* display() const { return display_; }
 
@@ -35,8 +44,8 @@ public:
 private:
     friend struct X11ErrorHandlers;
     Display* display_ = nullptr;
-    QString error_;
-    bool lost_ = false;
+    QString displayName_;
+    State state_ = State::Open;
     unsigned long errorCount_ = 0;
 };
 

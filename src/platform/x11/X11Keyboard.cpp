@@ -17,17 +17,6 @@ unsigned maskOf(const Modifiers& modifiers) {
            (modifiers.alt ? Mod1Mask : 0);
 }
 
-QString describe(const KeyStroke& stroke) {
-    if (stroke.key != Key::Character) {
-        const char* name = XKeysymToString(keySymbolForKey(stroke.key));
-        return QStringLiteral("the key %1").arg(QLatin1String(name != nullptr ? name : "?"));
-    }
-    const QString text = QString::fromUcs4(&stroke.character, 1);
-    return QStringLiteral("\"%1\" (U+%2)")
-        .arg(text)
-        .arg(static_cast<unsigned>(stroke.character), 4, 16, QLatin1Char('0'));
-}
-
 constexpr const char* kModifierNames[] = {"Shift", "Lock", "Control", "Alt",
                                           "Mod2",  "Mod3", "Mod4",    "Mod5"};
 
@@ -50,28 +39,24 @@ void X11Keyboard::setKeyDelayMs(int milliseconds) {
     keyDelayMs_ = std::max(0, milliseconds);
 }
 
-bool X11Keyboard::type(const KeyStrokes& strokes, QString* error) {
-    if (!checkReady(error)) {
-        return false;
+std::optional<TypingError> X11Keyboard::type(const KeyStrokes& strokes) {
+    if (std::optional<TypingError> error = notReady()) {
+        return error;
     }
     refreshKeyMap();
-    if (!checkReady(error)) {
-        return false;
+    if (std::optional<TypingError> error = notReady()) {
+        return error;
     }
     for (const KeyStroke& stroke : strokes) {
-        const QString problem = problemWith(stroke);
-        if (!problem.isEmpty()) {
-            if (error != nullptr) {
-                *error = problem;
-            }
-            return false;
+        if (std::optional<TypingError> error = problemWith(stroke)) {
+            return error;
         }
     }
     for (const KeyStroke& stroke : strokes) {
         queue_.push_back({stroke, {}});
     }
     pump();
-    return true;
+    return std::nullopt;
 }
 
 void X11Keyboard::flush(std::function<void()> done) {
@@ -86,18 +71,22 @@ void X11Keyboard::flush(std::function<void()> done) {
     pump();
 }
 
-bool X11Keyboard::checkReady(QString* error) {
-    QString problem;
-    if (!connection_.isOpen()) {
-        problem = connection_.error();
-    } else if (!keyMap_) {
-        problem =
-            QStringLiteral("The X server has no XKB extension: its keyboard map cannot be read.");
+std::optional<TypingError> X11Keyboard::notReady() const {
+    using Reason = TypingError::Reason;
+    switch (connection_.state()) {
+    case X11Connection::State::NoDisplayNamed:
+        return TypingError{Reason::NoDisplayNamed, {}, {}};
+    case X11Connection::State::NotOpened:
+        return TypingError{Reason::DisplayNotOpened, {}, connection_.displayName()};
+    case X11Connection::State::Lost:
+        return TypingError{Reason::DisplayLost, {}, {}};
+    case X11Connection::State::Open:
+        break;
     }
-    if (!problem.isEmpty() && error != nullptr) {
-        *error = problem;
+    if (!keyMap_) {
+        return TypingError{Reason::NoKeyboardMap, {}, {}}; // the server has no XKB
     }
-    return problem.isEmpty();
+    return std::nullopt;
 }
 
 // Takes note of keymap changes made by others (a new layout) and of a group switch.
@@ -182,24 +171,24 @@ std::optional<KeyPlace> X11Keyboard::placeOf(const KeyStroke& stroke) const {
     return place;
 }
 
-// Why the stroke cannot be typed with this keyboard map; empty when it can.
-QString X11Keyboard::problemWith(const KeyStroke& stroke) const {
+// Why the stroke cannot be typed with this keyboard map; nothing when it can.
+std::optional<TypingError> X11Keyboard::problemWith(const KeyStroke& stroke) const {
     if (symbolOf(stroke) == kNoSymbol) {
-        return QStringLiteral("The character %1 cannot be typed.").arg(describe(stroke));
+        return TypingError{TypingError::Reason::KeyNotTypeable, stroke, {}};
     }
     const std::optional<KeyPlace> place = placeOf(stroke);
     if (!place && spares_.capacity() == 0) {
-        return QStringLiteral("No spare keycode is free to type %1.").arg(describe(stroke));
+        return TypingError{TypingError::Reason::NoFreeKeycode, stroke, {}};
     }
     // A keysym still to be mapped may land on a Shift level.
     const unsigned mask = maskOf(stroke.modifiers) | (place ? place->modifiers : ShiftMask);
     for (int bit = 0; bit < 8; ++bit) {
         if ((mask & (1u << bit)) != 0 && keyMap_->keycodeForModifier(bit) == 0) {
-            return QStringLiteral("No key on the keyboard map gives the %1 modifier.")
-                .arg(QLatin1String(kModifierNames[bit]));
+            return TypingError{TypingError::Reason::NoModifierKey, stroke,
+                               QLatin1String(kModifierNames[bit])};
         }
     }
-    return {};
+    return std::nullopt;
 }
 
 void X11Keyboard::pump() {

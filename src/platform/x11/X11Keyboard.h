@@ -49,7 +49,7 @@ public:
     // Some programs drop keys that come too fast.
     void setKeyDelayMs(int milliseconds);
 
-    bool type(const KeyStrokes& strokes, QString* error) override;
+    std::optional<TypingError> type(const KeyStrokes& strokes) override;
     void flush(std::function<void()> done) override;
 
     // Keymap changes made so far; each costs every client, the window manager most.
@@ -63,13 +63,13 @@ private:
         std::function<void()> done; // set for a flush, which has no stroke
     };
 
-    bool checkReady(QString* error);
+    std::optional<TypingError> notReady() const;
     void refreshKeyMap();
     void watchKeyboard();
     void readKeyMap();
     KeySymbol symbolOf(const KeyStroke& stroke) const;
     std::optional<KeyPlace> placeOf(const KeyStroke& stroke) const;
-    QString problemWith(const KeyStroke& stroke) const;
+    std::optional<TypingError> problemWith(const KeyStroke& stroke) const;
     void pump();
     bool mapSpareKeys();
     void writeSpareKeycodes(const QList<KeyCode8>& keycodes);

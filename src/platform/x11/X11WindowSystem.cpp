@@ -6,6 +6,7 @@
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -56,18 +57,23 @@ unsigned long X11WindowSystem::atom(const char* name) {
     return XInternAtom(connection_.display(), name, False);
 }
 
-// A manager that follows EWMH names a check window that names itself.
 bool X11WindowSystem::windowManagerRuns() {
     if (!connection_.isOpen()) {
         return false;
     }
+    if (!managerRuns_) {
+        lookForWindowManager();
+    }
+    return *managerRuns_;
+}
+
+// A manager that follows EWMH names a check window that names itself.
+void X11WindowSystem::lookForWindowManager() {
     const Window root = DefaultRootWindow(connection_.display());
     const QList<Window> check = windowList(root, "_NET_SUPPORTING_WM_CHECK");
-    if (check.isEmpty()) {
-        return false;
-    }
-    const QList<Window> self = windowList(check.front(), "_NET_SUPPORTING_WM_CHECK");
-    return !self.isEmpty() && self.front() == check.front();
+    const QList<Window> self =
+        check.isEmpty() ? QList<Window>() : windowList(check.front(), "_NET_SUPPORTING_WM_CHECK");
+    managerRuns_ = !self.isEmpty() && self.front() == check.front();
 }
 
 // A property holding windows (format 32); empty when missing or the window is gone.
@@ -156,7 +162,8 @@ QList<WindowInfo> X11WindowSystem::topLevelWindows() {
     Display* display = connection_.display();
     const Window root = DefaultRootWindow(display);
     QList<Window> candidates;
-    if (windowManagerRuns()) {
+    lookForWindowManager();
+    if (*managerRuns_) {
         candidates = windowList(root, "_NET_CLIENT_LIST_STACKING");
         if (candidates.isEmpty()) {
             candidates = windowList(root, "_NET_CLIENT_LIST");
@@ -179,7 +186,18 @@ QList<WindowInfo> X11WindowSystem::topLevelWindows() {
 }
 
 WindowId X11WindowSystem::findByTitle(const QString& title) {
-    return findWindowByTitle(topLevelWindows(), title);
+    if (foundWindow_ != 0 && title == foundTitle_ && connection_.isOpen() &&
+        titleOf(foundWindow_).compare(title, Qt::CaseInsensitive) == 0) {
+        return foundWindow_;
+    }
+    const QList<WindowInfo> windows = topLevelWindows();
+    const WindowId found = findWindowByTitle(windows, title);
+    const bool whole = std::any_of(windows.begin(), windows.end(), [&](const WindowInfo& window) {
+        return window.id == found && window.title.compare(title, Qt::CaseInsensitive) == 0;
+    });
+    foundTitle_ = title;
+    foundWindow_ = whole ? found : 0;
+    return found;
 }
 
 // The ancestor of `window` just below the root: the window manager's frame, or the
@@ -251,15 +269,23 @@ bool X11WindowSystem::focusDirectly(Window window) {
     return !focusTrap.failed() && focusIsIn(window);
 }
 
+// A window that cannot take the focus is not given again by findByTitle().
 bool X11WindowSystem::activate(WindowId id) {
     const Window window = static_cast<Window>(id);
-    XWindowAttributes attributes;
-    if (!connection_.isOpen() || window == 0 ||
-        !XGetWindowAttributes(connection_.display(), window, &attributes)) {
-        return false;
+    const bool focused = connection_.isOpen() && window != 0 && focusOn(window);
+    if (!focused && window == foundWindow_) {
+        foundWindow_ = 0;
     }
+    return focused;
+}
+
+bool X11WindowSystem::focusOn(Window window) {
     if (focusIsIn(window)) {
         return true;
+    }
+    XWindowAttributes attributes;
+    if (!XGetWindowAttributes(connection_.display(), window, &attributes)) {
+        return false;
     }
     if (windowManagerRuns()) {
         Display* display = connection_.display();
@@ -277,6 +303,7 @@ bool X11WindowSystem::activate(WindowId id) {
         if (waitForFocus(window)) {
             return true;
         }
+        lookForWindowManager(); // it may have gone
     }
     return connection_.isOpen() && focusDirectly(window);
 }

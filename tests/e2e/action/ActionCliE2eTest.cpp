@@ -56,7 +56,7 @@ protected:
     void SetUp() override {
         if (!skipReason_.isEmpty())
             GTEST_SKIP() << skipReason_.toStdString();
-        ASSERT_TRUE(connection_->isOpen()) << connection_->error();
+        ASSERT_TRUE(connection_->isOpen()) << connection_->displayName();
     }
 
     // An xterm titled `title` whose input goes to a file as the program reads it: no
