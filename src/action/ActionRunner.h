@@ -40,7 +40,7 @@ public:
     // The generator of TRIA is seeded from the clock. A program with windows of
     // its own must pass `isOwnWindow`.
     ActionRunner(const ActionPlatform& platform, ActionState& state, TargetTitleLookup targetTitle,
-                 OwnWindowTest isOwnWindow = noOwnWindows, QObject* parent = nullptr);
+                 OwnWindowTest isOwnWindow, QObject* parent = nullptr);
 
     // Queues the ActionText and, when nothing runs, starts it at once: the
     // steps up to the first wait run inside this call. Ignored once TANCAR ran.

@@ -44,8 +44,9 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
       targetTracker_(windows_, [this](WindowId window) { return isOwnWindow(window); }) {
     const ActionPlatform platform{keyboard_, windows_, pointer_, clipboard_, launcher_,
                                   sound_,    speech_,  clock_,   registry_};
-    runner_ = std::make_unique<ActionRunner>(platform, session_.actionState,
-                                             [this] { return targetTitle(); });
+    runner_ = std::make_unique<ActionRunner>(
+        platform, session_.actionState, [this] { return targetTitle(); },
+        [this](WindowId window) { return isOwnWindow(window); });
     dispatcher_ = std::make_unique<PressDispatcher>(
         session_, clipboard_,
         PressDispatcher::Hooks{[this](const QString& text) { runner_->SendActionText(text); },

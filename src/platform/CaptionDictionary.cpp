@@ -401,6 +401,9 @@ constexpr CaptionPair kCaptions[] = {
     {u"Desbordament numèric", u"Desbordamiento numérico"},
     {u"No hi ha sortida de so: ", u"No hay salida de sonido: "},
     {u"Hi ha edicions no desades a ", u"Hay ediciones no guardadas en "},
+    {u"No es pot obrir la pantalla X; sense pantalla, feu servir --dry-run. DISPLAY=",
+     u"No se puede abrir la pantalla X; sin pantalla, use --dry-run. DISPLAY="},
+    {u"mervak-cli no fa sonar cap so: ", u"mervak-cli no reproduce ningún sonido: "},
     {u"Massa pulsacions en espera: s'ha descartat la més antiga",
      u"Demasiadas pulsaciones en espera: se ha descartado la más antigua"},
     // Template properties dialog.

@@ -21,7 +21,9 @@ struct DryRun {
                   lines.append(QString::fromUtf8(line.chopped(1)));
               },
               options),
-          runner(platform.platform(), state, [options] { return options.targetTitle; }) {
+          runner(
+              platform.platform(), state, [options] { return options.targetTitle; },
+              ActionRunner::noOwnWindows) {
         state.TargetWindow = platform.target();
         state.speechAvailable = true;
         platform.watch(runner);

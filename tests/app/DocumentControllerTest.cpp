@@ -1,5 +1,6 @@
 #include "EditorFixture.h"
 #include "platform/PathResolver.h"
+#include "support/DialogButtons.h"
 #include "support/TestFiles.h"
 #include "template/TemplateFile.h"
 
@@ -12,13 +13,6 @@
 
 namespace mervak::test {
 namespace {
-
-QPushButton* buttonNamed(QWidget* box, const QString& text) {
-    for (QPushButton* button : box->findChildren<QPushButton*>())
-        if (button->text() == text)
-            return button;
-    return nullptr;
-}
 
 class DocumentControllerTest : public EditorFixture {
 protected:

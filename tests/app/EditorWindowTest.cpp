@@ -1,6 +1,7 @@
 #include "EditorFixture.h"
 #include "action/MacroCatalogue.h"
 #include "editor/widgets/GridDialog.h"
+#include "support/DialogButtons.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -16,13 +17,6 @@
 
 namespace mervak::test {
 namespace {
-
-QPushButton* buttonNamed(QWidget* box, const QString& text) {
-    for (QPushButton* button : box->findChildren<QPushButton*>())
-        if (button->text() == text)
-            return button;
-    return nullptr;
-}
 
 class EditorWindowTest : public EditorFixture {
 protected:

@@ -66,6 +66,7 @@ int execute(const ActionPlatform& platform, ActionState& state, const ActionOpti
     const QString title = options.targetTitle;
     ActionRunner runner(
         platform, state, [title] { return title; }, ActionRunner::noOwnWindows);
+    runner.setLanguage(language());
     if (options.seed)
         runner.seedRandom(*options.seed);
     int problems = 0;
@@ -104,8 +105,9 @@ WindowId targetWindow(X11WindowSystem& windows, const QString& title) {
 int realRun(int argc, char** argv, const ActionOptions& options) {
     X11Connection connection;
     if (!connection.isOpen()) {
-        errors() << "No es pot obrir la pantalla X (DISPLAY=\"" << qEnvironmentVariable("DISPLAY")
-                 << "\"): sense pantalla, feu servir --dry-run.\n";
+        errors() << text(QStringLiteral("No es pot obrir la pantalla X; sense pantalla, feu servir "
+                                        "--dry-run. DISPLAY="))
+                 << '"' << qEnvironmentVariable("DISPLAY") << "\"\n";
         return kFailure;
     }
     // The keys go to X11, so the clipboard must be X11's too, whatever Qt would pick.
@@ -119,7 +121,7 @@ int realRun(int argc, char** argv, const ActionOptions& options) {
     QtClipboard clipboard;
     QtProgramLauncher launcher;
     SystemClock clock;
-    NoSound sound(QStringLiteral("mervak-cli no fa sonar cap so"));
+    NoSound sound(text(QStringLiteral("mervak-cli no fa sonar cap so: ")));
     NoSpeech speech;
     NoRegistry registry;
     if (options.clipboard)
@@ -151,7 +153,7 @@ int runActionCommand(int argc, char** argv) {
     QString error;
     const auto options = parseActionOptions(arguments, &error);
     if (!options) {
-        errors() << error << "\n\n" << actionHelp();
+        errors() << error << '\n';
         return kUsage;
     }
     if (options->help) {

@@ -54,7 +54,9 @@ void runDry(const QString& text) {
     state.WorkingFolder = emptyFolder->path();
     state.TargetWindow = platform.target();
     state.speechAvailable = true;
-    ActionRunner runner(platform.platform(), state, [] { return QStringLiteral("Fuzz"); });
+    ActionRunner runner(
+        platform.platform(), state, [] { return QStringLiteral("Fuzz"); },
+        ActionRunner::noOwnWindows);
     runner.seedRandom(1);
     platform.watch(runner);
     runner.SendActionText(text);
