@@ -27,6 +27,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <functional>
+#include <functional>
 
 namespace mervak {
 
@@ -333,49 +335,55 @@ bool SheetExport::saveThumbnail(const Template& t, const QImage& picture, const 
     return true;
 }
 
+namespace {
+
+// What one export asks of the user and writes.
+struct ExportFlow {
+    const char* title;
+    const char* filterName;
+    const char* suffix;        // of the suggested name
+    const char* defaultSuffix; // added to a name typed without one
+    std::function<bool(const QImage& picture, const QString& path, QString* error)> write;
+};
+
+// The sheet picture, then a file name, then the file; every failure is shown.
+bool runExportFlow(QWidget* parent, const Template& t, Language language, const ExportFlow& flow) {
+    QString error;
+    const QImage picture = SheetExport::loadPicture(t, language, &error);
+    if (error.isEmpty()) {
+        const QString path = chooseFileToSave(
+            parent, language, QString::fromUtf8(flow.title),
+            {{QString::fromUtf8(flow.filterName),
+              {QStringLiteral("*.") + QLatin1String(flow.defaultSuffix)}}},
+            suggestedPath(t, QLatin1String(flow.suffix)), QLatin1String(flow.defaultSuffix));
+        if (path.isEmpty() || flow.write(picture, path, &error))
+            return !path.isEmpty();
+    }
+    showNotice(parent, language, error, true);
+    return false;
+}
+
+} // namespace
+
 bool SheetExport::exportWithDialog(QWidget* parent, const Template& t, Language language,
                                    SheetExportOptions* options) {
     ExportOptionsDialog dialog(*options, language, parent);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     *options = dialog.options();
-    QString error;
-    const QImage picture = loadPicture(t, language, &error);
-    if (!error.isEmpty()) {
-        showNotice(parent, language, error, true);
-        return false;
-    }
-    const QString path =
-        chooseFileToSave(parent, language, QStringLiteral("Desar la làmina en PDF"),
-                         {{QStringLiteral("Document PDF"), {QStringLiteral("*.pdf")}}},
-                         suggestedPath(t, QStringLiteral(".pdf")), QStringLiteral("pdf"));
-    if (path.isEmpty())
-        return false;
-    if (!exportPdf(t, picture, *options, path, language, &error)) {
-        showNotice(parent, language, error, true);
-        return false;
-    }
-    return true;
+    return runExportFlow(parent, t, language,
+                         {"Desar la làmina en PDF", "Document PDF", ".pdf", "pdf",
+                          [&](const QImage& picture, const QString& path, QString* error) {
+                              return exportPdf(t, picture, *options, path, language, error);
+                          }});
 }
 
 bool SheetExport::saveThumbnailWithDialog(QWidget* parent, const Template& t, Language language) {
-    QString error;
-    const QImage picture = loadPicture(t, language, &error);
-    if (!error.isEmpty()) {
-        showNotice(parent, language, error, true);
-        return false;
-    }
-    const QString path =
-        chooseFileToSave(parent, language, QStringLiteral("Desar mini-làmina"),
-                         {{QStringLiteral("Imatge PNG"), {QStringLiteral("*.png")}}},
-                         suggestedPath(t, QStringLiteral("-mini.png")), QStringLiteral("png"));
-    if (path.isEmpty())
-        return false;
-    if (!saveThumbnail(t, picture, path, language, &error)) {
-        showNotice(parent, language, error, true);
-        return false;
-    }
-    return true;
+    return runExportFlow(parent, t, language,
+                         {"Desar mini-làmina", "Imatge PNG", "-mini.png", "png",
+                          [&](const QImage& picture, const QString& path, QString* error) {
+                              return saveThumbnail(t, picture, path, language, error);
+                          }});
 }
 
 } // namespace mervak
