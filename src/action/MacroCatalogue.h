@@ -16,20 +16,14 @@ struct CatalogueEntry {
     friend bool operator==(const CatalogueEntry&, const CatalogueEntry&) = default;
 };
 
-// A line of the catalogue that was skipped, and why, in plain words.
-struct CatalogueProblem {
-    int line = 0; // 1-based line of the file; 0 when the file itself could not be read
-    QString reason;
-    friend bool operator==(const CatalogueProblem&, const CatalogueProblem&) = default;
-};
-
 // The programs and macros offered by the template properties dialog and the
 // editor's insertion menus, read from MACROS.INI (format in docs/macros.md).
 // Sections "[Programes]" and "[Macros]", optionally grouped as
 // "[Programes: Group]" and "[Macros: Group]", hold "Name=value" lines; names of
 // sections and the duplicate check ignore letter case, values are trimmed and
-// lose one pair of surrounding quotes, ";" starts a comment line. A bad line
-// is skipped and noted; it never stops the reading.
+// lose one pair of surrounding quotes, ";" starts a comment line. Lines without
+// a name or a value, a name given twice and unknown sections are skipped; they
+// never stop the reading.
 class MacroCatalogue {
 public:
     static inline const QString kFileName = QStringLiteral("MACROS.INI");
@@ -45,7 +39,7 @@ public:
 
     // The catalogue in a file: Windows-1252, or UTF-8 when the file is valid
     // UTF-8 with multi-byte sequences. A missing or unreadable file gives an
-    // empty catalogue with one problem on line 0.
+    // empty catalogue.
     static MacroCatalogue read(const QString& path);
     static MacroCatalogue parse(const QString& text);
 
@@ -55,7 +49,6 @@ public:
 
     const QList<CatalogueEntry>& programs() const { return programs_; }
     const QList<CatalogueEntry>& macros() const { return macros_; }
-    const QList<CatalogueProblem>& problems() const { return problems_; }
 
     // The picker texts: the first rows above, then each entry's name in file
     // order; the entry of row r is programs()[r - kFirstProgramRow] (macros alike).
@@ -66,13 +59,8 @@ public:
     static QString executeBlock(const QString& commandLine);
 
 private:
-    enum class Kind { None, Skipped, Programs, Macros };
-    void parseLine(const QString& line, int number, Kind* kind, QString* group);
-    void addEntry(Kind kind, const QString& group, const QString& line, int number);
-
     QList<CatalogueEntry> programs_;
     QList<CatalogueEntry> macros_;
-    QList<CatalogueProblem> problems_;
 };
 
 } // namespace mervak

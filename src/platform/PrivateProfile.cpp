@@ -98,6 +98,18 @@ PrivateProfile::Lines PrivateProfile::load() const {
     return result;
 }
 
+QList<PrivateProfile::Section> PrivateProfile::sections(const QString& text) {
+    QList<Section> result;
+    for (const QString& line : QString(text).replace(u'\r', u'\n').split(u'\n')) {
+        QString name;
+        if (sectionName(line, &name))
+            result.append({name, {}});
+        else if (!result.isEmpty() && keyName(line, &name))
+            result.last().entries.append({name, unquoted(line.mid(line.indexOf(u'=') + 1))});
+    }
+    return result;
+}
+
 QString PrivateProfile::rawValue(const QString& section, const QString& key, bool* found) const {
     *found = false;
     bool inSection = false;

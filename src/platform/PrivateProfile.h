@@ -32,8 +32,17 @@ public:
     bool writeString(const QString& section, const QString& key, const QString& value,
                      QString* error = nullptr) const;
 
-    // Sets several keys of one section in a single atomic write.
     using KeyValue = std::pair<QString, QString>;
+    struct Section {
+        QString name;
+        QList<KeyValue> entries; // values as readString gives them, uncut
+    };
+
+    // Every section of an INI text, in order, with its keys in order; lines
+    // before the first section and lines without "=" are left out.
+    static QList<Section> sections(const QString& text);
+
+    // Sets several keys of one section in a single atomic write.
     bool writeStrings(const QString& section, const QList<KeyValue>& entries,
                       QString* error = nullptr) const;
 
