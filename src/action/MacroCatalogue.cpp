@@ -74,11 +74,13 @@ QString MacroCatalogue::locate(const QString& homeFolder, const QString& program
 }
 
 QStringList MacroCatalogue::programPickerItems(Language language) const {
-    return QStringList{Message(language, 11), Message(language, 12)} + names(programs_);
+    return QStringList{Message(language, Msg::ProgramPrompt),
+                       Message(language, Msg::OtherProgram)} +
+           names(programs_);
 }
 
 QStringList MacroCatalogue::macroPickerItems(Language language) const {
-    return QStringList{Message(language, 13)} + names(macros_);
+    return QStringList{Message(language, Msg::MacroPrompt)} + names(macros_);
 }
 
 QString MacroCatalogue::executeBlock(const QString& commandLine) {

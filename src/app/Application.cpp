@@ -75,7 +75,8 @@ Application::~Application() = default;
 bool Application::start() {
     // Before any file or device is touched; the language is not read yet.
     if (!instance_.acquire()) {
-        QMessageBox::warning(nullptr, QStringLiteral("MERVAK"), Message(Language::Catalan, 108));
+        QMessageBox::warning(nullptr, QStringLiteral("MERVAK"),
+                             Message(Language::Catalan, Msg::AlreadyRunning));
         return false;
     }
     readConfiguration();
@@ -150,8 +151,9 @@ void Application::wireWindow() {
         SheetExport::saveThumbnailWithDialog(&window_, session_.tmpl, session_.language());
     });
     connect(&window_, &MainWindow::aboutRequested, this, [this] {
-        QMessageBox box(QMessageBox::Information, Message(session_.language(), 7),
-                        Message(session_.language(), 6), QMessageBox::NoButton, &window_);
+        QMessageBox box(QMessageBox::Information, Message(session_.language(), Msg::AboutTitle),
+                        Message(session_.language(), Msg::AboutText), QMessageBox::NoButton,
+                        &window_);
         box.addButton(TranslateCaption(session_.language(), QStringLiteral("Acceptar")),
                       QMessageBox::AcceptRole);
         box.exec();

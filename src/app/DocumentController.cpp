@@ -185,7 +185,7 @@ void DocumentController::reportSave(const SaveOutcome& outcome) {
         return;
     }
     if (!outcome.missingFiles.isEmpty())
-        context_.showStatus(Message(language, 15) +
+        context_.showStatus(Message(language, Msg::FileNotFound) +
                             outcome.missingFiles.join(QStringLiteral(", ")));
     else
         context_.showStatus(QString());

@@ -76,7 +76,7 @@ void PressDispatcher::fireArea(int16_t x, int16_t y) {
 bool PressDispatcher::loadClip(const Area& area) {
     clipboard_.clear();
     const QString path = resolveStoredPath(area.Clip, session_.workingFolder());
-    const QString failure = Message(session_.language(), 3) + path;
+    const QString failure = Message(session_.language(), Msg::ReadError) + path;
     if (area.ClipFlag == 1) {
         if (clipboard_.setPictureFromFile(path))
             return true;
@@ -178,13 +178,13 @@ void PressDispatcher::drawingTick() {
         if (emptyPolls_ >= kPollsToEndDrawing && dragging_) {
             hooks_.beep();
             dragging_ = false;
-            emit drawWithDevice(reading.x, reading.y, 2);
+            emit drawWithDevice(reading.x, reading.y, DrawEnd);
         }
         return;
     }
     emptyPolls_ = 0;
     if (reading.x != 0 && reading.y != 0) {
-        emit drawWithDevice(reading.x, reading.y, dragging_ ? 1 : 0);
+        emit drawWithDevice(reading.x, reading.y, dragging_ ? DrawMove : DrawStart);
         dragging_ = true;
     }
 }

@@ -70,8 +70,8 @@ signals:
     void virtualPressPending(bool pending);
     // Focus goes back to the target on every virtual-tablet tick.
     void refocusTargetRequested();
-    // Drawing an Area with the pen: mode 0 start, 1 move, 2 end.
-    void drawWithDevice(int16_t x, int16_t y, int mode);
+    // Drawing an Area with the pen.
+    void drawWithDevice(int16_t x, int16_t y, mervak::DrawPhase phase);
 
 private:
     struct QueuedPress {

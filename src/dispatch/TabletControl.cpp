@@ -90,7 +90,7 @@ void TabletControl::setVirtualTabletShown(bool shown) {
 // A failed start keeps saying so, whatever is pressed or chosen later.
 QString TabletControl::caption() const {
     if (!session_.DevicePresent)
-        return startFailed_ ? Message(session_.language(), 113) : QString();
+        return startFailed_ ? Message(session_.language(), Msg::TabletNotFound) : QString();
     return TranslateCaption(session_.language(), active_ ? QStringLiteral("Tauleta activa a ")
                                                          : QStringLiteral("Tauleta Inactiva a ")) +
            portName_;

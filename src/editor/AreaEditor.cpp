@@ -331,10 +331,10 @@ bool AreaEditor::finishDrawing() {
     return addArea(rect);
 }
 
-void AreaEditor::drawWithDevice(int16_t x, int16_t y, int mode) {
-    if (mode == 0)
+void AreaEditor::drawWithDevice(int16_t x, int16_t y, DrawPhase phase) {
+    if (phase == DrawStart)
         startDrawing(QPoint(x, y));
-    else if (mode == 1)
+    else if (phase == DrawMove)
         drawTo(QPoint(x, y));
     else
         finishDrawing();

@@ -88,9 +88,9 @@ public:
     bool finishDrawing();
     std::optional<SheetRect> drawing() const { return drawing_; }
 
-    // The pen's drawing: mode 0 starts, 1 moves, 2 ends at the last point seen
-    // (the pen has left the sheet and reports no position then).
-    void drawWithDevice(int16_t x, int16_t y, int mode);
+    // The pen's drawing; it ends at the last point seen (the pen has left the
+    // sheet and reports no position then).
+    void drawWithDevice(int16_t x, int16_t y, DrawPhase phase);
 
 signals:
     // Areas, page or selection changed.

@@ -23,6 +23,30 @@ QString languageSettingValue(Language language);
 // carriage return and separates its lines with CR LF.
 QString Message(Language language, int number);
 
+// The numbers of the messages the program shows by name.
+namespace Msg {
+enum Number : int {
+    WrongFormat = 2, // "Format incorrecte"
+    ReadError = 3,   // "Error en llegir el fitxer " + path
+    SaveChanges = 5, // the Template was changed: save it?
+    AboutText = 6,
+    AboutTitle = 7,
+    ProgramPrompt = 11, // ">>> tria un programa"
+    OtherProgram = 12,  // ">>> ALTRES"
+    MacroPrompt = 13,   // ">>> Tria una macro"
+    NewerVersion = 14,  // the file was made by a newer version
+    FileNotFound = 15,  // "... no troba el fitxer " + path
+    PictureFiles = 39,
+    SoundFiles = 40,
+    AllFiles = 44,
+    GeneralError = 104, // "Error": a file could not be written
+    ConfirmPageDelete = 107,
+    AlreadyRunning = 108,
+    PictureNotLoaded = 110,
+    TabletNotFound = 113,
+};
+} // namespace Msg
+
 // The caption a control shows in the language: in Spanish, the partner of the
 // Catalan caption (compared exactly, "&" access-key marker and case included),
 // or the caption unchanged when the dictionary has no partner; in Catalan,

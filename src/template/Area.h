@@ -21,4 +21,7 @@ struct Area {
     friend bool operator==(const Area&, const Area&) = default;
 };
 
+// The phases of drawing an Area with the pen, as the device reports them.
+enum DrawPhase : int { DrawStart = 0, DrawMove = 1, DrawEnd = 2 };
+
 } // namespace mervak

@@ -6,14 +6,8 @@
 
 namespace mervak {
 
-// Numbers of the language tables' messages that Template files report.
-namespace TemplateMessage {
-constexpr int WrongFormat = 2;    // "Format incorrecte"
-constexpr int ReadError = 3;      // "Error en llegir el fitxer " + path
-constexpr int NewerVersion = 14;  // the file was made by a newer version
-constexpr int FileNotFound = 15;  // "... no troba el fitxer " + path
-constexpr int GeneralError = 104; // "Error": a file could not be written
-} // namespace TemplateMessage
+// The messages Template files report.
+namespace TemplateMessage = Msg;
 
 // What a Template file operation reports instead of throwing: a numbered message,
 // the text shown after it (the path when the message names one), where reading

@@ -118,13 +118,13 @@ TEST_F(AreaEditorTest, AClickWithoutWidthOrHeightDrawsNothing) {
 }
 
 TEST_F(AreaEditorTest, ThePenDrawsFromStartToItsLastPoint) {
-    editor.drawWithDevice(5, 6, 0);
-    editor.drawWithDevice(15, 20, 1);
-    editor.drawWithDevice(25, 26, 1);
-    editor.drawWithDevice(-1, -1, 2); // the lifted pen reports no position
+    editor.drawWithDevice(5, 6, DrawStart);
+    editor.drawWithDevice(15, 20, DrawMove);
+    editor.drawWithDevice(25, 26, DrawMove);
+    editor.drawWithDevice(-1, -1, DrawEnd); // the lifted pen reports no position
     ASSERT_EQ(tmpl.AreaCount(), 4);
     EXPECT_EQ(rectAt(tmpl, 4), (SheetRect{5, 6, 25, 26}));
-    editor.drawWithDevice(0, 0, 2); // an end with no start
+    editor.drawWithDevice(0, 0, DrawEnd); // an end with no start
     EXPECT_EQ(tmpl.AreaCount(), 4);
 }
 

@@ -74,7 +74,7 @@ void CommandMenu::setCatalogue(const MacroCatalogue& catalogue, Language languag
         programs_->setToolTipsVisible(true);
         setCaption(programs_, QStringLiteral("Executar programes"), language);
         insertMenu(browse, programs_);
-        QAction* other = programs_->addAction(Message(language, 12));
+        QAction* other = programs_->addAction(Message(language, Msg::OtherProgram));
         connect(other, &QAction::triggered, browse, &QAction::trigger);
         programs_->addSeparator();
         addEntries(programs_, catalogue.programs(), [](const CatalogueEntry& entry) {

@@ -58,8 +58,8 @@ QString run(QFileDialog* dialog, int* selectedFilter) {
 } // namespace
 
 SaveAnswer askToSaveChanges(QWidget* parent, Language language, bool canCancel) {
-    QMessageBox box(QMessageBox::Question, kTitle, Message(language, 5), QMessageBox::NoButton,
-                    parent);
+    QMessageBox box(QMessageBox::Question, kTitle, Message(language, Msg::SaveChanges),
+                    QMessageBox::NoButton, parent);
     QPushButton* yes = box.addButton(caption(language, "Sí"), QMessageBox::YesRole);
     QPushButton* no = box.addButton(caption(language, "No"), QMessageBox::NoRole);
     QPushButton* cancel =

@@ -220,7 +220,7 @@ void EditorController::deletePage() {
         context_.beep();
         return;
     }
-    if (!confirmCritical(&views_.window, context_.session.language(), 107))
+    if (!confirmCritical(&views_.window, context_.session.language(), Msg::ConfirmPageDelete))
         return;
     report(pages_.deletePage());
     areas_.reset();
@@ -241,10 +241,11 @@ QString EditorController::chooseCommandFile(const CommandEntry& entry) {
     case CommandFile::Program:
         break;
     case CommandFile::Sound:
-        filters.append({Message(language, 40), {QStringLiteral("*.wav"), QStringLiteral("*.mid")}});
+        filters.append({Message(language, Msg::SoundFiles),
+                        {QStringLiteral("*.wav"), QStringLiteral("*.mid")}});
         break;
     case CommandFile::Picture:
-        filters.append({Message(language, 39),
+        filters.append({Message(language, Msg::PictureFiles),
                         {QStringLiteral("*.bmp"), QStringLiteral("*.jpg"), QStringLiteral("*.gif"),
                          QStringLiteral("*.wmf")}});
         break;
@@ -256,7 +257,7 @@ QString EditorController::chooseCommandFile(const CommandEntry& entry) {
         filters.append({QStringLiteral("Tauleta Windows"), {QStringLiteral("*.mvw")}});
         break;
     }
-    filters.append({Message(language, 44), {QStringLiteral("*")}});
+    filters.append({Message(language, Msg::AllFiles), {QStringLiteral("*")}});
     return chooseFileToOpen(&views_.window, language, entry.menuPath.last(), filters,
                             context_.session.workingFolder());
 }

@@ -275,11 +275,11 @@ void PlantForm::load(const Template& t, const QString* pathDefault) {
 
 void PlantForm::fillPickers(Language language) {
     programs_->clear();
-    programs_->addItem(Message(language, 11), kPromptData);
-    programs_->addItem(Message(language, 12), kOtherData);
+    programs_->addItem(Message(language, Msg::ProgramPrompt), kPromptData);
+    programs_->addItem(Message(language, Msg::OtherProgram), kOtherData);
     addEntries(programs_, catalogue_.programs());
     macros_->clear();
-    macros_->addItem(Message(language, 13), kPromptData);
+    macros_->addItem(Message(language, Msg::MacroPrompt), kPromptData);
     addEntries(macros_, catalogue_.macros());
 }
 

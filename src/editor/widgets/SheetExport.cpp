@@ -28,7 +28,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <functional>
-#include <functional>
 
 namespace mervak {
 
@@ -274,7 +273,8 @@ QImage SheetExport::loadPicture(const Template& t, Language language, QString* e
     reader.setAutoTransform(true);
     const QImage picture = reader.read();
     if (picture.isNull())
-        *error = Message(language, 110) + QStringLiteral(": ") + QDir::toNativeSeparators(path);
+        *error = Message(language, Msg::PictureNotLoaded) + QStringLiteral(": ") +
+                 QDir::toNativeSeparators(path);
     return picture;
 }
 
