@@ -3,7 +3,7 @@
 set -euo pipefail
 
 packages=(
-  build-essential cmake ninja-build pkg-config clang-format clang
+  build-essential cmake ninja-build pkg-config clang-format clang clang-tidy
   qt6-base-dev qt6-base-dev-tools qt6-serialport-dev qt6-multimedia-dev
   libgl-dev libxkbcommon-dev
   libx11-dev libxtst-dev

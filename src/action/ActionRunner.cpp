@@ -258,8 +258,8 @@ void ActionRunner::perform(const step::Sound& sound, int) {
     };
     if (sound.kind == SoundOutput::Kind::Midi)
         return platform_.sound.play(sound.path, sound.kind, report);
-    waitFor([this, sound, report](Resume done) {
-        platform_.sound.play(sound.path, sound.kind, [report, done](QString error) {
+    waitFor([this, sound, report](const Resume& done) {
+        platform_.sound.play(sound.path, sound.kind, [report, done](const QString& error) {
             report(error);
             done();
         });

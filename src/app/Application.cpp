@@ -119,7 +119,7 @@ void Application::openFromCommandLine() {
     const QStringList rest = arguments_;
     if (rest.isEmpty())
         return;
-    const QString path = rest.first();
+    const QString& path = rest.first();
     const qsizetype slash = std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/'));
     if (slash >= 0)
         session_.actionState.WorkingFolder = path.left(slash);

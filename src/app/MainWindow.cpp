@@ -247,7 +247,7 @@ void MainWindow::setVirtualTabletChecked(bool checked) {
 void MainWindow::setRecentFiles(const QStringList& paths) {
     recent_->clear();
     for (int i = 0; i < paths.size(); ++i) {
-        const QString path = paths[i];
+        const QString& path = paths[i];
         const QString text = QStringLiteral("&%1 %2").arg(i + 1).arg(QFileInfo(path).fileName());
         QAction* action = recent_->addAction(text);
         action->setToolTip(path);

@@ -11,9 +11,9 @@ bool near(double value, double edge, double reach) {
     return std::abs(value - edge) <= reach;
 }
 
+// The list form of std::minmax returns values; the two-argument form would return
+// references to these temporaries, dead before they are read.
 SheetRect ordered(int left, int bottom, int right, int top) {
-    // The list form returns values: the two-argument one would return
-    // references to the temporaries, gone by the end of the statement.
     const auto [l, r] = std::minmax({clampToSheet(left), clampToSheet(right)});
     const auto [b, t] = std::minmax({clampToSheet(bottom), clampToSheet(top)});
     return {l, b, r, t};

@@ -12,7 +12,7 @@ QList<Area> gridCells(const Area& source, int16_t columns, int16_t rows) {
     const int16_t cellW = floorToInt16(static_cast<double>(source.X1 - source.X0) / columns);
     const int16_t cellH = floorToInt16(static_cast<double>(source.Y1 - source.Y0) / rows);
     QList<Area> cells;
-    cells.reserve(columns * rows);
+    cells.reserve(qsizetype{columns} * rows);
     for (int16_t r = 0; r < rows; ++r) {
         for (int16_t c = 0; c < columns; ++c) {
             Area cell = source;

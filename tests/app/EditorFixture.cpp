@@ -64,7 +64,8 @@ void EditorFixture::clickOnSheet(QPointF at) {
     send(sheet, QEvent::MouseButtonRelease, widgetPoint(at), Qt::NoButton);
 }
 
-void EditorFixture::whenModal(std::function<void(QWidget*)> answer, std::function<void()> open) {
+void EditorFixture::whenModal(const std::function<void(QWidget*)>& answer,
+                              const std::function<void()>& open) {
     auto* poll = new QTimer;
     poll->setInterval(10);
     bool answered = false;

@@ -31,7 +31,7 @@ protected:
     void clickOnSheet(QPointF at);
 
     // Runs `answer` on the next modal dialog once it shows, while `open` waits for it.
-    void whenModal(std::function<void(QWidget*)> answer, std::function<void()> open);
+    void whenModal(const std::function<void(QWidget*)>& answer, const std::function<void()>& open);
 
     // Saves a picture of `widget` under the screenshot folder of the build.
     void saveScreenshot(QWidget* widget, const QString& name);

@@ -19,7 +19,7 @@ using Change = SpareKeycodes::Change;
 using Place = SpareKeycodes::Place;
 
 // Character keysyms: they may take Shift places too.
-SpareKeycodes withKeycodes(QList<KeyCode8> keycodes) {
+SpareKeycodes withKeycodes(const QList<KeyCode8>& keycodes) {
     SpareKeycodes spares;
     spares.setKeycodes(keycodes);
     return spares;
