@@ -40,6 +40,7 @@ run_tests() {
 configure() { cmake --preset release && cmake --preset asan; }
 
 step "format" ./scripts/check-format.sh
+step "layers" ./scripts/check-layers.sh
 if step "configure" configure; then
   step "build release" cmake --build --preset release -j 2 &&
     step "tests release" run_tests release "$@"
