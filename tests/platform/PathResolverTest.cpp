@@ -39,12 +39,10 @@ TEST_F(ResolveTest, FindsFilesWhateverTheirCaseAndForm) {
     const Case cases[] = {
         {"Sons\\Bell.WAV", bell},
         {"SONS\\BELL.WAV", bell},
-        {"sons/bell.wav", bell},
         {"C:\\MERVAK\\PLANT\\SONS\\BELL.WAV", bell},
         {"C:" + root.filePath("PLANT/SONS/BELL.WAV").replace('/', '\\'), bell},
         {"JOC.MVW", root.filePath("Plant/joc.mvw")},
         {"Sons\\missing.wav", plant() + "/Sons/missing.wav"},
-        {"", ""},
     };
     for (const auto& c : cases)
         EXPECT_EQ(resolveStoredPath(c.stored, plant()), c.expected) << c.stored.toStdString();
