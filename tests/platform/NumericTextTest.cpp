@@ -8,33 +8,24 @@
 namespace mervak {
 namespace {
 
-struct ValCase {
-    const char* text;
-    double value;
-};
-
 TEST(Val, ReadsTheNumericPrefix) {
-    const ValCase cases[] = {
+    const std::pair<const char*, double> cases[] = {
         {"abc", 0},         {"  12", 12},  {"12abc", 12},  {"1 2 3", 123},     {"\t-7", -7},
         {"--5", 0},         {".5", 0.5},   {"1E-2", 0.01}, {"2d2", 200},       {"1e", 1},
         {"1.2.3", 1.2},     {"&h1fz", 31}, {"&HFFFF", -1}, {"&H8000", -32768}, {"&H10000", 65536},
         {"&HFFFFFFFF", -1}, {"&O17", 15},  {"&17", 15},    {"&18", 1},         {"&H", 0},
         {"5,5", 5}};
-    for (const auto& c : cases)
-        EXPECT_DOUBLE_EQ(Val(QString::fromUtf8(c.text)), c.value) << c.text;
+    for (const auto& [text, value] : cases)
+        EXPECT_DOUBLE_EQ(Val(QString::fromUtf8(text)), value) << text;
 }
 
-struct NumericCase {
-    const char* text;
-    bool numeric;
-};
-
 TEST(IsNumeric, AcceptsOnlyWholeNumbers) {
-    const NumericCase cases[] = {{"   ", false}, {" 5 ", true},  {"-5.5", true}, {"1e3", true},
-                                 {"&H1F", true}, {"&HG", false}, {"5a", false},  {".", false},
-                                 {"+", false},   {"1 2", false}, {"1e", false}};
-    for (const auto& c : cases)
-        EXPECT_EQ(IsNumeric(QString::fromUtf8(c.text)), c.numeric) << c.text;
+    const std::pair<const char*, bool> cases[] = {{"   ", false}, {" 5 ", true},  {"-5.5", true},
+                                                  {"1e3", true},  {"&H1F", true}, {"&HG", false},
+                                                  {"5a", false},  {".", false},   {"+", false},
+                                                  {"1 2", false}, {"1e", false}};
+    for (const auto& [text, numeric] : cases)
+        EXPECT_EQ(IsNumeric(QString::fromUtf8(text)), numeric) << text;
 }
 
 TEST(NumberToText, WritesIntegersWithoutPoint) {

@@ -47,13 +47,9 @@ TEST(Settings, AppliesTheReadingRules) {
         EXPECT_TRUE(c.holds(readFrom("[Mervak]\r\n" + c.line + "\r\n"))) << c.line.data();
 }
 
+// Port index or device path, then the serial device and the status caption.
 TEST(Settings, PortDevicesAndCaptions) {
-    const struct {
-        int16_t index;
-        QString device;
-        QString serial;
-        QString caption;
-    } cases[] = {
+    const std::tuple<int16_t, QString, QString, QString> cases[] = {
         {0, "", "", "????"},
         {1, "", "", "LPT1"},
         {3, "", "/dev/ttyS0", "COM1"},
@@ -61,12 +57,12 @@ TEST(Settings, PortDevicesAndCaptions) {
         {7, "", "", "USB"},
         {0, "/dev/ttyUSB0", "/dev/ttyUSB0", "????"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [index, device, serial, caption] : cases) {
         Settings s;
-        s.portIndex = c.index;
-        s.portDevice = c.device;
-        EXPECT_EQ(serialDevicePath(s), c.serial) << c.index;
-        EXPECT_EQ(portCaption(c.index), c.caption) << c.index;
+        s.portIndex = index;
+        s.portDevice = device;
+        EXPECT_EQ(serialDevicePath(s), serial) << index;
+        EXPECT_EQ(portCaption(index), caption) << index;
     }
 }
 

@@ -1,3 +1,4 @@
+#include "support/TestAreas.h"
 #include "support/TestFiles.h"
 #include "template/MvwReader.h"
 #include "template/MvwWriter.h"
@@ -10,18 +11,13 @@ namespace {
 using test::dataPath;
 using test::readAll;
 
-Area makeArea(int16_t x0, int16_t y0, int16_t x1, int16_t y1, int16_t page, const QString& clip,
-              const QString& text, int16_t flags, int16_t clipFlag = 0) {
-    Area a;
-    a.X0 = x0;
-    a.Y0 = y0;
-    a.X1 = x1;
-    a.Y1 = y1;
-    a.Page = page;
+// An Area with the record fields beyond those test::makeArea sets.
+Area record(int16_t x0, int16_t y0, int16_t x1, int16_t y1, int16_t page, const QString& text,
+            int16_t flags = 0, int16_t clipFlag = 0, const QString& clip = {}) {
+    Area a = test::makeArea(x0, y0, x1, y1, page, text);
+    a.Flags = flags;
     a.ClipFlag = clipFlag;
     a.Clip = clip;
-    a.ActionText = text;
-    a.Flags = flags;
     return a;
 }
 
@@ -46,10 +42,9 @@ Template goldenVersion2() {
     t.sv_idioma = 1;
     t.sv_locutor = 2;
     t.SV_velocitat = 150;
-    t.AppendArea(makeArea(10, 20, 30, 40, 1, {}, QStringLiteral("hola{ENTER}"), 0));
-    t.AppendArea(makeArea(0, 0, 119, 119, 2, {}, QStringLiteral("{|Pagina 1}"), -1));
-    t.AppendArea(makeArea(-5, 60, 32767, -32768, 1, QStringLiteral("so.wav"),
-                          QStringLiteral("àèòç·l \"x\""), 0));
+    t.AppendArea(record(10, 20, 30, 40, 1, "hola{ENTER}"));
+    t.AppendArea(record(0, 0, 119, 119, 2, "{|Pagina 1}", -1));
+    t.AppendArea(record(-5, 60, 32767, -32768, 1, "àèòç·l \"x\"", 0, 0, "so.wav"));
     return t;
 }
 
@@ -74,9 +69,8 @@ TEST(MvwFormat, ReadsVersion1AndConvertsClips) {
     EXPECT_EQ(t.FormatVersion, 1);
     EXPECT_EQ(t.HeaderFlag, 0);
     ASSERT_EQ(t.AreaCount(), 2);
-    EXPECT_TRUE(t.area(1) == makeArea(1, 2, 3, 4, 1, {}, QStringLiteral("{|Enganxa a.bmp}hola"), 0))
-        << t.area(1).ActionText;
-    EXPECT_TRUE(t.area(2) == makeArea(5, 6, 7, 8, 2, {}, QStringLiteral("adéu"), -1, 1))
+    EXPECT_TRUE(t.area(1) == record(1, 2, 3, 4, 1, "{|Enganxa a.bmp}hola")) << t.area(1).ActionText;
+    EXPECT_TRUE(t.area(2) == record(5, 6, 7, 8, 2, "adéu", -1, 1))
         << "an Area without clip keeps its ClipFlag";
 }
 
@@ -84,8 +78,8 @@ TEST(MvwFormat, SaveAsWritesTheVersion1LayoutUnderNumber2) {
     Template t;
     t.FitxGraf = QStringLiteral("lamina.bmp");
     fillHeader(t);
-    t.AppendArea(makeArea(1, 2, 3, 4, 1, QStringLiteral("a.bmp"), QStringLiteral("hola"), 0, 1));
-    t.AppendArea(makeArea(5, 6, 7, 8, 2, {}, QStringLiteral("adéu"), -1, 1));
+    t.AppendArea(record(1, 2, 3, 4, 1, "hola", 0, 1, "a.bmp"));
+    t.AppendArea(record(5, 6, 7, 8, 2, "adéu", -1, 1));
     const QByteArray golden = readAll(dataPath("template/golden-saveas.mvw"));
     EXPECT_EQ(writeMvwSaveAs(t), golden);
 
@@ -107,23 +101,18 @@ TEST(MvwFormat, AnEmptyTemplateWritesExactlyTheHeader) {
     EXPECT_FALSE(readMvw(saveAs, back)) << "an empty save-as file reads too";
 }
 
+// Version 0 reads nothing more; a negative revision is not newer.
 TEST(MvwFormat, VersionAndRevisionDecideTheBranch) {
     const QByteArray rest = readAll(dataPath("template/golden-v2.mvw")).mid(10);
-    const struct {
-        QByteArray start;
-        int message; // 0: read
-        int16_t areas;
-    } cases[] = {
-        {" 3 \r\n 0 \r\n", 14, 0},
-        {" 2 \r\n 1 \r\n", 14, 0},
-        {" 0 \r\n 0 \r\n", 0, 0}, // reads nothing more
-        {" 2 \r\n-1 \r\n", 0, 3}, // a negative revision is not newer
-    };
-    for (const auto& c : cases) {
+    const std::tuple<QByteArray, int, int> cases[] = {{" 3 \r\n 0 \r\n", 14, 0},
+                                                      {" 2 \r\n 1 \r\n", 14, 0},
+                                                      {" 0 \r\n 0 \r\n", 0, 0},
+                                                      {" 2 \r\n-1 \r\n", 0, 3}};
+    for (const auto& [start, message, areas] : cases) {
         Template t;
-        const auto error = readMvw(c.start + rest, t);
-        EXPECT_EQ(error ? error->message : 0, c.message) << c.start.data();
-        EXPECT_EQ(t.AreaCount(), c.areas) << c.start.data();
+        const auto error = readMvw(start + rest, t);
+        EXPECT_EQ(error ? error->message : 0, message) << start.data();
+        EXPECT_EQ(t.AreaCount(), areas) << start.data();
     }
 }
 

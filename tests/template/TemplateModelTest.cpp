@@ -13,45 +13,28 @@
 namespace mervak {
 namespace {
 
-Area areaOn(int16_t page) {
-    Area a;
-    a.Page = page;
-    return a;
-}
-
 Template withPages(std::initializer_list<int16_t> pages) {
     Template t;
     t.PageCount = 3;
     for (int16_t page : pages)
-        t.AppendArea(areaOn(page));
+        t.AppendArea(test::makeArea(0, 0, 0, 0, page));
     return t;
 }
 
-TEST(TemplateModel, NewTemplateEmptiesEverythingAndIsUntitled) {
-    Template t = withPages({1, 2});
-    t.FitxGraf = QStringLiteral("x.bmp");
-    t.CurrentPage = 2;
-    t.TemplateFileName = QStringLiteral("/tmp/a.mvw");
-    EXPECT_FALSE(t.isUntitled());
-    t.NewTemplate();
-    EXPECT_EQ(t.AreaCount(), 0);
-    EXPECT_EQ(t.PageCount, 1);
-    EXPECT_EQ(t.CurrentPage, 1);
-    EXPECT_EQ(t.CurrentArea, 0);
-    EXPECT_TRUE(t.FitxGraf.isEmpty());
-    EXPECT_FALSE(t.Modified);
-    EXPECT_EQ(windowTitle(t), QStringLiteral("Mervak - (Sense Nom)"));
-    t.TemplateFileName = QStringLiteral("(Sense nom)");
-    EXPECT_TRUE(t.isUntitled()) << "compared without case";
-}
-
-TEST(TemplateModel, AppendingRaisesTheCounters) {
-    Template t;
-    t.AppendArea(areaOn(1));
-    EXPECT_EQ(t.AreaCount(), 1);
+TEST(TemplateModel, AppendRaisesTheCountersAndNewTemplateEmptiesAll) {
+    Template t = withPages({1});
     EXPECT_EQ(t.CurrentArea, 1);
     EXPECT_EQ(t.PageAreaCount, 1);
     EXPECT_TRUE(t.Modified);
+    t.TemplateFileName = "/tmp/a.mvw";
+    EXPECT_FALSE(t.isUntitled());
+    t.NewTemplate();
+    EXPECT_EQ(t.AreaCount() + t.CurrentArea + t.PageAreaCount, 0);
+    EXPECT_EQ(t.PageCount, 1);
+    EXPECT_FALSE(t.Modified);
+    EXPECT_EQ(windowTitle(t), "Mervak - (Sense Nom)");
+    t.TemplateFileName = "(Sense nom)";
+    EXPECT_TRUE(t.isUntitled()) << "compared without case";
 }
 
 // Loops over the Areas need a wide index: a 16-bit one never ends at 32767.
@@ -63,7 +46,7 @@ TEST(TemplateModel, AFullTemplateOf32767Areas) {
             test::makeArea(static_cast<int16_t>(i), 0, 0, 0, static_cast<int16_t>(i % 2 + 1)));
     t.CurrentArea = 0;
     t.PageAreaCount = 0;
-    EXPECT_THROW(t.AppendArea(areaOn(1)), Overflow16);
+    EXPECT_THROW(t.AppendArea(Area()), Overflow16);
     EXPECT_EQ(t.AreaCount(), 32767);
     EXPECT_EQ(t.CurrentArea, 0);
 
@@ -108,13 +91,6 @@ TEST(TemplateModel, DeleteArea) {
         EXPECT_EQ(pages, c.pagesAfter) << c.name;
         EXPECT_EQ(t.CurrentArea, c.pagesAfter.size()) << c.name;
     }
-}
-
-TEST(TemplateModel, AreasOfInterleavedPagesKeepArrayOrder) {
-    const Template t = withPages({2, 1, 2, 3, 2});
-    EXPECT_EQ(t.areasOfPage(2), (QList<int16_t>{1, 3, 5}));
-    EXPECT_TRUE(t.areasOfPage(4).isEmpty());
-    EXPECT_EQ(t.countAreasOfPage(2), 3);
 }
 
 TEST(TemplateModel, NextAndPreviousAreaWalkThePage) {
