@@ -32,11 +32,7 @@ protected:
 
 TEST_F(ResolveTest, FindsFilesWhateverTheirCaseAndForm) {
     const QString bell = root.filePath("Plant/Sons/Bell.WAV");
-    struct Case {
-        QString stored;
-        QString expected;
-    };
-    const Case cases[] = {
+    const std::pair<QString, QString> cases[] = {
         {"Sons\\Bell.WAV", bell},
         {"SONS\\BELL.WAV", bell},
         {"C:\\MERVAK\\PLANT\\SONS\\BELL.WAV", bell},
@@ -44,8 +40,8 @@ TEST_F(ResolveTest, FindsFilesWhateverTheirCaseAndForm) {
         {"JOC.MVW", root.filePath("Plant/joc.mvw")},
         {"Sons\\missing.wav", plant() + "/Sons/missing.wav"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(resolveStoredPath(c.stored, plant()), c.expected) << c.stored.toStdString();
+    for (const auto& [stored, expected] : cases)
+        EXPECT_EQ(resolveStoredPath(stored, plant()), expected) << stored;
 }
 
 TEST_F(ResolveTest, CaseInsensitiveLookupPrefersTheExactName) {

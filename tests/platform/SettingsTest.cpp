@@ -3,48 +3,46 @@
 #include "support/TestFiles.h"
 
 #include <QTemporaryDir>
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace mervak {
 namespace {
 
-Settings readFrom(const QByteArray& contents) {
+// The settings a MERVAK.INI with this line in section [Mervak] gives, as
+// "language model port device retard interval sound".
+QString readFrom(const QByteArray& line) {
     QTemporaryDir dir;
-    const QString path = dir.filePath("MERVAK.INI");
-    test::writeAll(path, contents);
-    return readSettings(PrivateProfile(path));
+    test::writeAll(dir.filePath("MERVAK.INI"), "[Mervak]\r\n" + line + "\r\n");
+    const Settings s = readSettings(PrivateProfile(dir.filePath("MERVAK.INI")));
+    return QStringList{languageSettingValue(s.language), s.model,
+                       QString::number(s.portIndex),     s.portDevice,
+                       QString::number(s.retardPort),    QString::number(s.interval),
+                       s.soundSetting ? "Si" : "No"}
+        .join(u' ');
 }
 
 TEST(Settings, AppliesTheReadingRules) {
-    const struct {
-        QByteArray line;
-        std::function<bool(const Settings&)> holds;
-    } cases[] = {
-        {"",
-         [](auto& s) {
-             return s.language == Language::Catalan && s.model == "DIL" && s.portIndex == 0 &&
-                    s.retardPort == 0 && s.interval == 50 && s.soundSetting;
-         }},
-        {"IDIOMA=ESPA\xd1OL", [](auto& s) { return s.language == Language::Spanish; }},
-        {"Model= easy ", [](auto& s) { return s.model == "EASY"; }},
-        {"Port=com1", [](auto& s) { return s.portIndex == 3; }},
-        {"Port=COM4", [](auto& s) { return s.portIndex == 6; }},
-        {"Port=LPT2", [](auto& s) { return s.portIndex == 2; }},
-        {"Port=COM5", [](auto& s) { return s.portIndex == 0 && s.portDevice.isEmpty(); }},
-        {"Port=/dev/ttyUSB0",
-         [](auto& s) { return s.portIndex == 0 && s.portDevice == "/dev/ttyUSB0"; }},
+    const std::pair<QByteArray, const char*> cases[] = {
+        {"", "CATALA DIL 0  0 50 Si"},
+        {"IDIOMA=ESPA\xd1OL", "ESPAÑOL DIL 0  0 50 Si"},
+        {"Model= easy ", "CATALA EASY 0  0 50 Si"},
+        {"Port=com1", "CATALA DIL 3  0 50 Si"},
+        {"Port=COM4", "CATALA DIL 6  0 50 Si"},
+        {"Port=LPT2", "CATALA DIL 2  0 50 Si"},
+        {"Port=COM5", "CATALA DIL 0  0 50 Si"},
+        {"Port=/dev/ttyUSB0", "CATALA DIL 0 /dev/ttyUSB0 0 50 Si"},
         {"Port=/dev/serial/by-id/usb-Prolific_Technology_Inc._USB-Serial-if00-port0",
-         [](auto& s) { return s.portDevice.endsWith("-if00-port0"); }},
-        {"RetardPort=100000", [](auto& s) { return s.retardPort == 100000; }},
-        {"Interval=200", [](auto& s) { return s.interval == 50; }},
-        {"Interval=0", [](auto& s) { return s.interval == 0; }},
-        {"Interval=abc", [](auto& s) { return s.interval == 0; }},
-        {"So=no", [](auto& s) { return !s.soundSetting; }},
-        {"So=si", [](auto& s) { return s.soundSetting; }},
+         "CATALA DIL 0 /dev/serial/by-id/usb-Prolific_Technology_Inc._USB-Serial-if00-port0 0 50 "
+         "Si"},
+        {"RetardPort=100000", "CATALA DIL 0  100000 50 Si"},
+        {"Interval=200", "CATALA DIL 0  0 50 Si"},
+        {"Interval=0", "CATALA DIL 0  0 0 Si"},
+        {"Interval=abc", "CATALA DIL 0  0 0 Si"},
+        {"So=no", "CATALA DIL 0  0 50 No"},
+        {"So=si", "CATALA DIL 0  0 50 Si"},
     };
-    for (const auto& c : cases)
-        EXPECT_TRUE(c.holds(readFrom("[Mervak]\r\n" + c.line + "\r\n"))) << c.line.data();
+    for (const auto& [line, settings] : cases)
+        EXPECT_EQ(readFrom(line), QString::fromUtf8(settings)) << line.data();
 }
 
 // Port index or device path, then the serial device and the status caption.
