@@ -42,12 +42,11 @@ TEST(LegacyKeyTable, EveryByteCodeHasOneDistinctText) {
         {3, "^C"}, {41, "%M"}, {136, "{~}"}, {159, "{F12}"}, {255, "ÿ"}};
     for (const auto& [code, text] : rows)
         EXPECT_EQ(legacyKeyText(code), text) << code;
-    QSet<QString> seen;
-    for (int code = 1; code <= 255; ++code) {
-        EXPECT_FALSE(legacyKeyText(code).isEmpty()) << code;
-        EXPECT_FALSE(seen.contains(legacyKeyText(code))) << code;
-        seen.insert(legacyKeyText(code));
-    }
+    QSet<QString> texts;
+    for (int code = 1; code <= 255; ++code)
+        texts.insert(legacyKeyText(code));
+    EXPECT_EQ(texts.size(), 255);
+    EXPECT_FALSE(texts.contains(QString()));
 }
 
 TEST(MvdFormat, ReadsTheGoldenFile) {

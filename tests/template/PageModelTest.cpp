@@ -31,7 +31,6 @@ TEST(PageModel, ReadsAndWritesOnlyTheAreasOfThePageInArrayOrder) {
     ASSERT_EQ(areas.size(), 2);
     EXPECT_EQ(areas[0].Page, 0);
     Template t;
-    t.PageCount = 2;
     const Area other = test::makeArea(0, 0, 0, 0, 2);
     t.AppendArea(other);
     for (Area a : areas) {

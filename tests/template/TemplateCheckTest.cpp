@@ -2,6 +2,7 @@
 
 #include "support/TestAreas.h"
 #include "support/TestFiles.h"
+#include "template/FileReferences.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -9,6 +10,26 @@
 
 namespace mervak {
 namespace {
+
+TEST(FileReferences, FindsTheFileArgumentsOfPasteAndSoundBlocks) {
+    const std::pair<const char*, QStringList> cases[] = {
+        {"{|Enganxa a.bmp}", {"a.bmp"}},
+        {"x{|SONA  b c.wav  }y{|Suena d.WAV}", {"b c.wav", "d.WAV"}},
+        {"{|engancha e.txt}", {"e.txt"}},
+        {"{|Pagina 2}{|Executa prog.exe}{|Carrega x.mvw}", {}},
+        {"{|Enganxa {|RM }}", {}},
+        {"{|SIM 5 {{|Sona si.WAV}} {}}", {"si.WAV"}},
+        {"{|Sona }", {}},
+        {"{|Sona x.wav", {}},
+        {"{|Sona a|b.wav}", {}},
+    };
+    for (const auto& [text, expected] : cases) {
+        QStringList names;
+        for (const FileReference& reference : fileReferences(QString::fromUtf8(text)))
+            names.append(reference.name);
+        EXPECT_EQ(names, expected) << text;
+    }
+}
 
 TEST(TemplateCheck, ListsWhatATeacherShouldFix) {
     QTemporaryDir dir;
@@ -27,11 +48,7 @@ TEST(TemplateCheck, ListsWhatATeacherShouldFix) {
     t.area(4).Clip = QStringLiteral("falta.txt");
 
     using K = TemplateProblem::Kind;
-    const struct {
-        K kind;
-        int16_t area;
-        const char* text;
-    } expected[] = {
+    const std::tuple<K, int16_t, const char*> expected[] = {
         {K::SheetImageComma, 0, "C:\\fotos, 2003\\lamina.bmp"},
         {K::SheetImageMissing, 0, "C:\\fotos, 2003\\lamina.bmp"},
         {K::PageOutOfRange, 2, "3"},
@@ -45,9 +62,10 @@ TEST(TemplateCheck, ListsWhatATeacherShouldFix) {
     const QList<TemplateProblem> problems = checkTemplate(t, dir.path());
     ASSERT_EQ(problems.size(), std::size(expected));
     for (size_t i = 0; i < std::size(expected); ++i) {
-        EXPECT_EQ(problems[i].kind, expected[i].kind) << i;
-        EXPECT_EQ(problems[i].area, expected[i].area) << i;
-        EXPECT_EQ(problems[i].text, QString::fromUtf8(expected[i].text)) << i;
+        const auto& [kind, area, text] = expected[i];
+        EXPECT_EQ(problems[i].kind, kind) << i;
+        EXPECT_EQ(problems[i].area, area) << i;
+        EXPECT_EQ(problems[i].text, QString::fromUtf8(text)) << i;
     }
 }
 
