@@ -15,8 +15,6 @@ class PrivateProfile {
 public:
     explicit PrivateProfile(QString path);
 
-    const QString& path() const { return path_; }
-
     // The value, or `fallback` when the file, the section or the key is missing.
     // A value is cut to `bufferSize` - 1 characters, as a caller's buffer of that
     // size holds them with its terminator.

@@ -4,8 +4,6 @@ namespace mervak {
 
 namespace {
 
-const QString kClassesKey = QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\");
-
 bool fitsReadBuffer(const RegistryValue& value) {
     if (const auto* text = std::get_if<QString>(&value))
         return text->size() + 1 <= kRegistryReadBufferBytes;
@@ -26,13 +24,6 @@ bool writeValueText(Registry& registry, const RegistryPath& key, const QString& 
 
 } // namespace
 
-QString EnumerateSubkeys(Registry& registry, const QString& path) {
-    const auto key = parseRegistryPath(path);
-    if (!key)
-        return {};
-    return registry.subkeys(*key).value_or(QStringList()).join(QChar(13));
-}
-
 QString GetValue(Registry& registry, const QString& path, const QString& name) {
     const auto key = parseRegistryPath(path);
     if (!key)
@@ -43,22 +34,6 @@ QString GetValue(Registry& registry, const QString& path, const QString& name) {
     if (name.isEmpty() && !std::holds_alternative<QString>(*value))
         return {};
     return formatRegistryValue(*value);
-}
-
-bool SetValue(Registry& registry, const QString& path, const QString& name,
-              const QString& valueText) {
-    const auto key = parseRegistryPath(path);
-    return key && writeValueText(registry, *key, name, valueText);
-}
-
-QString FindServerProgram(Registry& registry, const QString& identifier) {
-    const QString classId = GetValue(registry, kClassesKey + identifier + "\\CLSID", {});
-    if (classId.isEmpty())
-        return {};
-    const QString commandLine =
-        GetValue(registry, kClassesKey + "CLSID\\" + classId + "\\LocalServer32", {}).trimmed();
-    const qsizetype extension = commandLine.indexOf(QLatin1String(".EXE"), 0, Qt::CaseInsensitive);
-    return extension < 0 ? commandLine : commandLine.left(extension + 4);
 }
 
 int WriteRegistryValue(Registry& registry, const QString& rootName, const QString& subkey,

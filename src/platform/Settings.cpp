@@ -54,27 +54,9 @@ Settings readSettings(const PrivateProfile& file) {
     return settings;
 }
 
-bool writeSettings(const PrivateProfile& file, const Settings& settings, QString* error) {
-    return file.writeStrings(kSection,
-                             {{QStringLiteral("Port"), portSettingValue(settings)},
-                              {QStringLiteral("RetardPort"), QString::number(settings.retardPort)},
-                              {QStringLiteral("Interval"), QString::number(settings.interval)},
-                              {QStringLiteral("So"), settings.soundSetting ? QStringLiteral("Si")
-                                                                           : QStringLiteral("No")}},
-                             error);
-}
-
 bool writeLanguage(const PrivateProfile& file, Language language, QString* error) {
     return file.writeString(kSection, QStringLiteral("Idioma"), languageSettingValue(language),
                             error);
-}
-
-QString portSettingValue(const Settings& settings) {
-    if (!settings.portDevice.isEmpty())
-        return settings.portDevice;
-    if (settings.portIndex >= PortIndex::Lpt1 && settings.portIndex <= PortIndex::Com4)
-        return kPortNames[settings.portIndex - 1];
-    return QStringLiteral("AUTODETECT");
 }
 
 QString serialDevicePath(const Settings& settings) {

@@ -33,15 +33,8 @@ QString settingsFilePath(const QString& homeFolder);
 
 Settings readSettings(const PrivateProfile& file);
 
-// Writes back "Port", "RetardPort", "Interval" and "So" only, in one atomic write.
-bool writeSettings(const PrivateProfile& file, const Settings& settings, QString* error = nullptr);
-
 // The language menu's choice, stored as key "Idioma".
 bool writeLanguage(const PrivateProfile& file, Language language, QString* error = nullptr);
-
-// The "Port" value as written back: "COM1".."COM4", "LPT1", "LPT2", the device
-// path, or "AUTODETECT".
-QString portSettingValue(const Settings& settings);
 
 // The serial device a port index or path names: COM1..COM4 are /dev/ttyS0..3;
 // empty for auto-detect and the parallel ports.

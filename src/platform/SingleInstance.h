@@ -16,8 +16,6 @@ public:
     // True when this is the only running copy; the lock is then held until destruction.
     bool acquire();
 
-    QString lockPath() const { return path_; }
-
 private:
     QString path_;
     std::unique_ptr<QLockFile> lock_;

@@ -19,8 +19,6 @@ public:
     // As it stands, without quotes.
     void writeBare(const QString& value);
 
-    const QString& text() const { return m_text; }
-
     // The file's bytes: Windows-1252 when every character fits and those bytes
     // do not happen to read as UTF-8 (as "Ã§" would), else UTF-8; either way
     // they read back as the same text.

@@ -89,10 +89,6 @@ void deletePage(Template& t) {
     t.refreshPageAreaCount();
 }
 
-bool canDeletePage(const Template& t) {
-    return t.PageCount >= 1;
-}
-
 bool hasOtherPages(const Template& t) {
     return t.PageCount > 1;
 }

@@ -28,9 +28,8 @@ void insertPage(Template& t, int16_t placingCode);
 
 // Deletes the current page and its Areas; later pages move down one; the last
 // page becomes current and CurrentArea 1. Deleting the only page leaves 0 pages:
-// offer the command only while canDeletePage().
+// offer the command only while hasOtherPages().
 void deletePage(Template& t);
-bool canDeletePage(const Template& t);
 // True while a page other than the current one exists: the editor and the
 // command-line tool delete pages only then, so that a Template keeps one.
 bool hasOtherPages(const Template& t);

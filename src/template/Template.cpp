@@ -74,20 +74,6 @@ void Template::DeleteArea(int16_t index) {
     CurrentArea = sub16(CurrentArea, 1);
 }
 
-bool Template::NextPage() {
-    if (CurrentPage >= PageCount)
-        return false;
-    ++CurrentPage;
-    return true;
-}
-
-bool Template::PreviousPage() {
-    if (CurrentPage <= 1)
-        return false;
-    --CurrentPage;
-    return true;
-}
-
 QList<int16_t> Template::areasOfPage(int16_t page) const {
     QList<int16_t> indices;
     for (int i = 1; i <= AreaCount(); ++i)

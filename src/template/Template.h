@@ -81,10 +81,6 @@ public:
     // 1..AreaCount() does nothing (SelectedArea is still cleared when it matches).
     void DeleteArea(int16_t index);
 
-    // Next and previous page; false when already on the last or the first.
-    bool NextPage();
-    bool PreviousPage();
-
     // Array indices of the Areas of `page`, in array order.
     QList<int16_t> areasOfPage(int16_t page) const;
     int16_t countAreasOfPage(int16_t page) const;

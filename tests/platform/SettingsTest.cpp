@@ -1,5 +1,6 @@
 #include "platform/Settings.h"
 
+#include "platform/PrivateProfile.h"
 #include "support/TestFiles.h"
 
 #include <QTemporaryDir>
@@ -8,97 +9,143 @@
 namespace mervak {
 namespace {
 
-Settings readFrom(const QByteArray& contents) {
+const QByteArray kHandWritten = "; Mervak settings, edited by hand\r\n"
+                                "[Mervak]\r\n"
+                                "IDIOMA = ESPA\xd1OL \r\n"
+                                "model=\"easy\"\r\n"
+                                "Port='COM2'\r\n"
+                                "\r\n"
+                                "RetardPort= 12abc\r\n"
+                                "no equals sign here\r\n"
+                                "[WEBCAM]\r\n"
+                                "web_x0=0x1F\r\n"
+                                "[Unknown Section]\r\n"
+                                "Interval=999\r\n";
+
+class PrivateProfileTest : public ::testing::Test {
+protected:
+    void SetUp() override { test::writeAll(path(), kHandWritten); }
+    QString path() const { return dir.filePath("MERVAK.INI"); }
     QTemporaryDir dir;
-    const QString path = dir.filePath("MERVAK.INI");
-    test::writeAll(path, contents);
-    return readSettings(PrivateProfile(path));
+};
+
+TEST_F(PrivateProfileTest, ReadsWithTheClassicRules) {
+    const PrivateProfile ini(path());
+    // Section, key, buffer size and the value read, "default" when not found.
+    const std::tuple<const char*, const char*, int, QString> cases[] = {
+        {"Mervak", "Idioma", 40, QStringLiteral("ESPAÑOL")},
+        {"MERVAK", "MODEL", 40, "easy"},
+        {"Mervak", "Port", 3, "CO"},
+        {"Mervak", "Port", 1, ""},
+        {"Mervak", "Interval", 40, "default"},
+        {"Unknown Section", "interval", 40, "999"},
+        {"Mervak", "no equals sign here", 40, "default"},
+    };
+    for (const auto& [section, key, buffer, expected] : cases)
+        EXPECT_EQ(ini.readString(section, key, "default", buffer), expected) << section << key;
+    EXPECT_EQ(ini.readInteger("Mervak", "RetardPort", 7), 12);
+    EXPECT_EQ(ini.readInteger("WEBCAM", "web_x0", 7), 31);
+    EXPECT_EQ(ini.readInteger("Mervak", "Model", 7), 0);
+    EXPECT_EQ(ini.readInteger("Mervak", "Missing", 7), 7);
 }
 
-TEST(Settings, MissingFileGivesTheDefaults) {
+// A changed key keeps its place, a new one goes after its section's last key.
+TEST_F(PrivateProfileTest, WritingKeepsEveryOtherLine) {
+    const PrivateProfile ini(path());
+    ASSERT_TRUE(ini.writeString("Mervak", "Idioma", "CATALA"));
+    ASSERT_TRUE(ini.writeString("webcam", "web_y0", "5"));
+    ASSERT_TRUE(ini.writeString("Nova", "Clau", "x"));
+    QByteArray expected = kHandWritten;
+    expected.replace("IDIOMA = ESPA\xd1OL ", "IDIOMA=CATALA");
+    expected.replace("web_x0=0x1F\r\n", "web_x0=0x1F\r\nweb_y0=5\r\n");
+    expected.append("[Nova]\r\nClau=x\r\n");
+    EXPECT_EQ(test::readAll(path()), expected);
+}
+
+TEST(PrivateProfileFile, AMissingFileIsCreatedOnWrite) {
     QTemporaryDir dir;
+    const PrivateProfile ini(dir.filePath("new.ini"));
+    EXPECT_EQ(ini.readString("Mervak", "Port", "AUTODETECT", 40), "AUTODETECT");
+    ASSERT_TRUE(ini.writeStrings("Mervak", {{"Port", "COM1"}, {"So", "Si"}}));
+    EXPECT_EQ(test::readAll(dir.filePath("new.ini")),
+              QByteArray("[Mervak]\r\nPort=COM1\r\nSo=Si\r\n"));
+}
+
+TEST(PrivateProfileFile, KeepsUnixLineEndsAndUtf8) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath("u.ini");
+    test::writeAll(path, "[Mervak]\nIdioma=ESPA\xc3\x91OL\n");
+    const PrivateProfile ini(path);
+    EXPECT_EQ(ini.readString("Mervak", "IDIOMA", "", 40), QStringLiteral("ESPAÑOL"));
+    ASSERT_TRUE(ini.writeString("Mervak", "So", "No"));
+    EXPECT_EQ(test::readAll(path), QByteArray("[Mervak]\nIdioma=ESPA\xc3\x91OL\nSo=No\n"));
+}
+
+TEST(PrivateProfileFile, GarbageReadsAsDefaults) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath("g.ini");
+    QByteArray garbage = "[Mervak]\r\nPort\r\n=\r\n";
+    for (int i = 0; i < 4096; ++i)
+        garbage.append(static_cast<char>((i * 7919) % 256));
+    test::writeAll(path, garbage);
+    const PrivateProfile ini(path);
+    EXPECT_EQ(ini.readString("Mervak", "Port", "AUTODETECT", 40), "AUTODETECT");
+    EXPECT_EQ(ini.readInteger("Mervak", "Interval", 100), 100);
+}
+
+// The settings a MERVAK.INI with this line in section [Mervak] gives, as
+// "language model port device retard interval sound".
+QString readFrom(const QByteArray& line) {
+    QTemporaryDir dir;
+    test::writeAll(dir.filePath("MERVAK.INI"), "[Mervak]\r\n" + line + "\r\n");
     const Settings s = readSettings(PrivateProfile(dir.filePath("MERVAK.INI")));
-    EXPECT_EQ(s.language, Language::Catalan);
-    EXPECT_EQ(s.model, "DIL");
-    EXPECT_EQ(s.portIndex, PortIndex::AutoDetect);
-    EXPECT_EQ(s.retardPort, 0);
-    EXPECT_EQ(s.interval, 50);
-    EXPECT_TRUE(s.soundSetting);
+    return QStringList{languageSettingValue(s.language), s.model,
+                       QString::number(s.portIndex),     s.portDevice,
+                       QString::number(s.retardPort),    QString::number(s.interval),
+                       s.soundSetting ? "Si" : "No"}
+        .join(u' ');
 }
 
 TEST(Settings, AppliesTheReadingRules) {
-    struct Case {
-        const char* name;
-        QByteArray line;
-        std::function<bool(const Settings&)> holds;
+    const std::pair<QByteArray, const char*> cases[] = {
+        {"", "CATALA DIL 0  0 50 Si"},
+        {"IDIOMA=ESPA\xd1OL", "ESPAÑOL DIL 0  0 50 Si"},
+        {"Model= easy ", "CATALA EASY 0  0 50 Si"},
+        {"Port=com1", "CATALA DIL 3  0 50 Si"},
+        {"Port=COM4", "CATALA DIL 6  0 50 Si"},
+        {"Port=LPT2", "CATALA DIL 2  0 50 Si"},
+        {"Port=COM5", "CATALA DIL 0  0 50 Si"},
+        {"Port=/dev/ttyUSB0", "CATALA DIL 0 /dev/ttyUSB0 0 50 Si"},
+        {"Port=/dev/serial/by-id/usb-Prolific_Technology_Inc._USB-Serial-if00-port0",
+         "CATALA DIL 0 /dev/serial/by-id/usb-Prolific_Technology_Inc._USB-Serial-if00-port0 0 50 "
+         "Si"},
+        {"RetardPort=100000", "CATALA DIL 0  100000 50 Si"},
+        {"Interval=200", "CATALA DIL 0  0 50 Si"},
+        {"Interval=0", "CATALA DIL 0  0 0 Si"},
+        {"Interval=abc", "CATALA DIL 0  0 0 Si"},
+        {"So=no", "CATALA DIL 0  0 50 No"},
+        {"So=si", "CATALA DIL 0  0 50 Si"},
     };
-    const Case cases[] = {
-        {"Spanish", "IDIOMA=ESPA\xd1OL", [](auto& s) { return s.language == Language::Spanish; }},
-        {"unknown language", "IDIOMA=ANGLES",
-         [](auto& s) { return s.language == Language::Catalan; }},
-        {"lower-case language", "Idioma=espa\xf1ol",
-         [](auto& s) { return s.language == Language::Catalan; }},
-        {"model trimmed, upper", "Model= easy ", [](auto& s) { return s.model == "EASY"; }},
-        {"COM1", "Port=COM1", [](auto& s) { return s.portIndex == 3; }},
-        {"COM4", "Port=COM4", [](auto& s) { return s.portIndex == 6; }},
-        {"LPT2", "Port=LPT2", [](auto& s) { return s.portIndex == 2; }},
-        {"COM5", "Port=COM5", [](auto& s) { return s.portIndex == 0 && s.portDevice.isEmpty(); }},
-        {"lower com1", "Port=com1", [](auto& s) { return s.portIndex == 3; }},
-        {"device path", "Port=/dev/ttyUSB0",
-         [](auto& s) { return s.portIndex == 0 && s.portDevice == "/dev/ttyUSB0"; }},
-        {"long device path",
-         "Port=/dev/serial/by-id/usb-Prolific_Technology_Inc._USB-Serial-if00-port0",
-         [](auto& s) { return s.portDevice.endsWith("-if00-port0"); }},
-        {"retard 32-bit", "RetardPort=100000", [](auto& s) { return s.retardPort == 100000; }},
-        {"interval 200", "Interval=200", [](auto& s) { return s.interval == 50; }},
-        {"interval 1", "Interval=1", [](auto& s) { return s.interval == 50; }},
-        {"interval 0", "Interval=0", [](auto& s) { return s.interval == 0; }},
-        {"interval text", "Interval=abc", [](auto& s) { return s.interval == 0; }},
-        {"So=no", "So=no", [](auto& s) { return !s.soundSetting; }},
-        {"So=NO", "So=NO", [](auto& s) { return !s.soundSetting; }},
-        {"So=si", "So=si", [](auto& s) { return s.soundSetting; }},
-        {"So=Si", "So=Si", [](auto& s) { return s.soundSetting; }},
-    };
-    for (const auto& c : cases)
-        EXPECT_TRUE(c.holds(readFrom("[Mervak]\r\n" + c.line + "\r\n"))) << c.name;
+    for (const auto& [line, settings] : cases)
+        EXPECT_EQ(readFrom(line), QString::fromUtf8(settings)) << line.data();
 }
 
-TEST(Settings, WritesBackOnlyItsFourKeys) {
-    QTemporaryDir dir;
-    const QString path = dir.filePath("MERVAK.INI");
-    test::writeAll(path,
-                   "[Mervak]\r\nIDIOMA=ESPA\xd1OL\r\nModel=EASY\r\nPort=COM5\r\nInterval=200\r\n");
-    const PrivateProfile ini(path);
-    Settings s = readSettings(ini);
-    ASSERT_TRUE(writeSettings(ini, s));
-    EXPECT_EQ(test::readAll(path), QByteArray("[Mervak]\r\nIDIOMA=ESPA\xd1OL\r\nModel=EASY\r\n"
-                                              "Port=AUTODETECT\r\nInterval=50\r\nRetardPort=0\r\n"
-                                              "So=Si\r\n"));
-}
-
-TEST(Settings, PortValuesAndDevices) {
-    struct Case {
-        int16_t index;
-        QString device;
-        QString setting;
-        QString serial;
-        QString caption;
+// Port index or device path, then the serial device and the status caption.
+TEST(Settings, PortDevicesAndCaptions) {
+    const std::tuple<int16_t, QString, QString, QString> cases[] = {
+        {0, "", "", "????"},
+        {1, "", "", "LPT1"},
+        {3, "", "/dev/ttyS0", "COM1"},
+        {6, "", "/dev/ttyS3", "COM4"},
+        {7, "", "", "USB"},
+        {0, "/dev/ttyUSB0", "/dev/ttyUSB0", "????"},
     };
-    const Case cases[] = {
-        {0, "", "AUTODETECT", "", "????"},
-        {1, "", "LPT1", "", "LPT1"},
-        {3, "", "COM1", "/dev/ttyS0", "COM1"},
-        {6, "", "COM4", "/dev/ttyS3", "COM4"},
-        {7, "", "AUTODETECT", "", "USB"},
-        {0, "/dev/ttyUSB0", "/dev/ttyUSB0", "/dev/ttyUSB0", "????"},
-    };
-    for (const auto& c : cases) {
+    for (const auto& [index, device, serial, caption] : cases) {
         Settings s;
-        s.portIndex = c.index;
-        s.portDevice = c.device;
-        EXPECT_EQ(portSettingValue(s), c.setting) << c.index;
-        EXPECT_EQ(serialDevicePath(s), c.serial) << c.index;
-        EXPECT_EQ(portCaption(c.index), c.caption) << c.index;
+        s.portIndex = index;
+        s.portDevice = device;
+        EXPECT_EQ(serialDevicePath(s), serial) << index;
+        EXPECT_EQ(portCaption(index), caption) << index;
     }
 }
 

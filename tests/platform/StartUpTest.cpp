@@ -1,9 +1,11 @@
 #include "platform/HomeFolder.h"
-
+#include "platform/SingleInstance.h"
 #include "support/TestFiles.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace mervak {
 namespace {
@@ -12,20 +14,16 @@ TEST(HomeFolder, ChoosesInOrderOfPrecedence) {
     QTemporaryDir portable;
     test::writeAll(portable.filePath("MERVAK.INI"), "[Mervak]\n");
     QTemporaryDir plain;
-    struct Case {
-        const char* name;
-        HomeFolderInputs inputs;
-        QString expected;
+    // --home, MERVAK_HOME, XDG_CONFIG_HOME, HOME and the program's folder.
+    const std::pair<HomeFolderInputs, QString> cases[] = {
+        {{"/tmp/h1", "/tmp/env", "/xdg", "/home/u", portable.path()}, "/tmp/h1"},
+        {{"", "/tmp/env", "/xdg", "/home/u", portable.path()}, "/tmp/env"},
+        {{"", "", "/xdg", "/home/u", portable.path()}, portable.path()},
+        {{"", "", "/xdg", "/home/u", plain.path()}, "/xdg/mervak"},
+        {{"", "", "", "/home/u", plain.path()}, "/home/u/.config/mervak"},
     };
-    const Case cases[] = {
-        {"option wins", {"/tmp/h1", "/tmp/env", "/xdg", "/home/u", portable.path()}, "/tmp/h1"},
-        {"variable next", {"", "/tmp/env", "/xdg", "/home/u", portable.path()}, "/tmp/env"},
-        {"portable install", {"", "", "/xdg", "/home/u", portable.path()}, portable.path()},
-        {"XDG config", {"", "", "/xdg", "/home/u", plain.path()}, "/xdg/mervak"},
-        {"default config", {"", "", "", "/home/u", plain.path()}, "/home/u/.config/mervak"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(chooseHomeFolder(c.inputs), c.expected) << c.name;
+    for (const auto& [inputs, expected] : cases)
+        EXPECT_EQ(chooseHomeFolder(inputs), expected);
 }
 
 TEST(HomeFolder, TheProgramsCommandLine) {
@@ -59,6 +57,33 @@ TEST(HomeFolder, TheProgramsCommandLine) {
     }
     EXPECT_TRUE(parseProgramCommandLine({"mervak", "--help"}, "/cwd").help);
     EXPECT_TRUE(parseProgramCommandLine({"mervak", "--version"}, "/cwd").version);
+}
+
+TEST(SingleInstance, ASecondCopyIsRefusedUntilTheFirstEnds) {
+    QTemporaryDir runtime;
+    {
+        SingleInstance first(runtime.path());
+        ASSERT_TRUE(first.acquire());
+        SingleInstance second(runtime.path());
+        EXPECT_FALSE(second.acquire());
+    }
+    SingleInstance third(runtime.path());
+    EXPECT_TRUE(third.acquire());
+}
+
+TEST(SingleInstance, TheLockOfACopyThatDiedIsTakenOver) {
+    QTemporaryDir runtime;
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        SingleInstance dying(runtime.path());
+        _exit(dying.acquire() ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_EQ(WEXITSTATUS(status), 0);
+    SingleInstance next(runtime.path());
+    EXPECT_TRUE(next.acquire());
 }
 
 } // namespace
