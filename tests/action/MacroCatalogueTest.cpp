@@ -9,75 +9,41 @@
 namespace mervak {
 namespace {
 
-using Entries = QList<CatalogueEntry>;
-using Problems = QList<CatalogueProblem>;
+// "P group/name=text" for programs, "M ..." for macros, then "!line" for problems.
+QString describe(const MacroCatalogue& catalogue) {
+    QStringList parts;
+    for (const auto& [kind, entries] :
+         {std::pair{"P ", &catalogue.programs()}, std::pair{"M ", &catalogue.macros()}}) {
+        for (const CatalogueEntry& entry : *entries)
+            parts.append(kind + entry.group + '/' + entry.name + '=' + entry.text);
+    }
+    for (const CatalogueProblem& problem : catalogue.problems()) {
+        parts.append('!' + QString::number(problem.line));
+        EXPECT_FALSE(problem.reason.isEmpty());
+    }
+    return parts.join("; ");
+}
 
 TEST(MacroCatalogue, ParsesSectionsEntriesAndBadLines) {
-    const struct {
-        const char* name;
-        const char* text;
-        Entries programs;
-        Entries macros;
-        QList<int> problemLines;
-    } cases[] = {
-        {"empty text", "", {}, {}, {}},
-        {"plain sections",
-         "[Programes]\nCalculadora=gnome-calculator\n[Macros]\nIntro={ENTER}\n",
-         {{"", "Calculadora", "gnome-calculator"}},
-         {{"", "Intro", "{ENTER}"}},
-         {}},
-        {"groups, section names in any case, CR LF",
-         "[programes: Jocs]\r\nTux Paint = tuxpaint \r\n[MACROS :Memòria]\r\nRM={|RM }\r\n",
-         {{"Jocs", "Tux Paint", "tuxpaint"}},
-         {{"Memòria", "RM", "{|RM }"}},
-         {}},
-        {"Spanish section name", "[Programas]\nCalc=gcalc\n", {{"", "Calc", "gcalc"}}, {}, {}},
-        {"quotes keep blanks; the first = splits",
-         "[Macros]\nEspai=\" \"\nIgual={|M+ a=b}\nApòstrof=' x '\n",
-         {},
-         {{"", "Espai", " "}, {"", "Igual", "{|M+ a=b}"}, {"", "Apòstrof", " x "}},
-         {}},
-        {"comments and blank lines",
-         "; title\n\n[Macros]\n  ; note\nA=a\n",
-         {},
-         {{"", "A", "a"}},
-         {}},
-        {"line before any section", "A=a\n[Macros]\nB=b\n", {}, {{"", "B", "b"}}, {1}},
-        {"line without =", "[Macros]\nnothing here\nB=b\n", {}, {{"", "B", "b"}}, {2}},
-        {"empty name and empty value", "[Programes]\n=x\nY=\nZ=\"\"\n", {}, {}, {2, 3, 4}},
-        {"unknown section: reported once, its lines skipped",
-         "[Macros]\nA=a\n[Altres]\nB=b\nC=c\n[Macros]\nD=d\n",
-         {},
-         {{"", "A", "a"}, {"", "D", "d"}},
-         {3}},
-        {"header without ] ends the section before it",
-         "[Macros]\nA=a\n[Programes\nB=b\n",
-         {},
-         {{"", "A", "a"}},
-         {3}},
-        {"duplicate names: first kept, case ignored, groups apart",
-         "[Macros]\nA=1\na=2\n[Macros: G]\nA=3\n",
-         {},
-         {{"", "A", "1"}, {"G", "A", "3"}},
-         {3}},
-        {"same name as program and macro",
-         "[Programes]\nA=a\n[Macros]\nA={ENTER}\n",
-         {{"", "A", "a"}},
-         {{"", "A", "{ENTER}"}},
-         {}},
-        {"garbage", "\x01\x02]]==[[\n[\n=\n[]\n", {}, {}, {1, 2, 4}},
+    const std::pair<const char*, const char*> cases[] = {
+        {"[Programes]\nCalc=gcalc\n[Macros]\ncalc={ENTER}\n", "P /Calc=gcalc; M /calc={ENTER}"},
+        {"[programas: Jocs]\r\nTux Paint = tuxpaint \r\n[MACROS :Memòria]\r\nRM={|RM }\r\n",
+         "P Jocs/Tux Paint=tuxpaint; M Memòria/RM={|RM }"},
+        {"[Macros]\nEspai=\" \"\nIgual={|M+ a=b}\nApòstrof=' x '\n",
+         "M /Espai= ; M /Igual={|M+ a=b}; M /Apòstrof= x "},
+        {"; title\n\n[Macros]\n  ; note\nA=a\n", "M /A=a"},
+        {"A=a\n[Macros]\nB=b\n", "M /B=b; !1"},
+        {"[Macros]\nnothing here\nB=b\n", "M /B=b; !2"},
+        {"[Programes]\n=x\nY=\nZ=\"\"\n", "!2; !3; !4"},
+        {"[Macros]\nA=a\n[Altres]\nB=b\nC=c\n[Macros]\nD=d\n", "M /A=a; M /D=d; !3"},
+        {"[Macros]\nA=a\n[Programes\nB=b\n", "M /A=a; !3"},
+        {"[Macros]\nA=1\na=2\n[Macros: G]\nA=3\n", "M /A=1; M G/A=3; !3"},
+        {"\x01\x02]]==[[\n[\n=\n[]\n", "!1; !2; !4"},
     };
-    for (const auto& c : cases) {
-        const MacroCatalogue catalogue = MacroCatalogue::parse(QString::fromUtf8(c.text));
-        EXPECT_EQ(catalogue.programs(), c.programs) << c.name;
-        EXPECT_EQ(catalogue.macros(), c.macros) << c.name;
-        QList<int> lines;
-        for (const CatalogueProblem& problem : catalogue.problems()) {
-            lines.append(problem.line);
-            EXPECT_FALSE(problem.reason.isEmpty()) << c.name;
-        }
-        EXPECT_EQ(lines, c.problemLines) << c.name;
-    }
+    for (const auto& [text, expected] : cases)
+        EXPECT_EQ(describe(MacroCatalogue::parse(QString::fromUtf8(text))),
+                  QString::fromUtf8(expected))
+            << text;
 }
 
 TEST(MacroCatalogue, ProblemsSayWhatIsWrong) {
@@ -90,13 +56,9 @@ TEST(MacroCatalogue, ProblemsSayWhatIsWrong) {
 }
 
 TEST(MacroCatalogue, MissingFileGivesAnEmptyCatalogueAndOneProblem) {
-    const MacroCatalogue catalogue =
-        MacroCatalogue::read(QStringLiteral("/nonexistent/MACROS.INI"));
-    EXPECT_TRUE(catalogue.programs().isEmpty());
-    EXPECT_TRUE(catalogue.macros().isEmpty());
-    ASSERT_EQ(catalogue.problems().size(), 1);
-    EXPECT_EQ(catalogue.problems()[0].line, 0);
-    EXPECT_TRUE(catalogue.problems()[0].reason.contains("/nonexistent/MACROS.INI"));
+    const MacroCatalogue catalogue = MacroCatalogue::read("/nonexistent/MACROS.INI");
+    EXPECT_EQ(describe(catalogue), "!0");
+    EXPECT_TRUE(catalogue.problems().value(0).reason.contains("/nonexistent/MACROS.INI"));
 }
 
 TEST(MacroCatalogue, ReadsWindows1252AndUtf8Files) {
@@ -124,46 +86,17 @@ TEST(MacroCatalogue, ShippedSampleReadsCleanly) {
 TEST(MacroCatalogue, LocatesTheHomeCopyFirstThenTheSample) {
     QTemporaryDir home;
     QTemporaryDir program;
-    const QString homeFile = home.filePath("macros.ini");
-    const QString sampleFile = program.filePath("MACROS.INI");
-    const struct {
-        const char* name;
-        bool inHome;
-        bool inProgram;
-        QString expected;
-    } cases[] = {
-        {"neither", false, false, QString()},
-        {"sample only", false, true, sampleFile},
-        {"home copy wins, any letter case", true, true, homeFile},
-        {"home copy alone", true, false, homeFile},
-    };
-    for (const auto& c : cases) {
-        QFile::remove(homeFile);
-        QFile::remove(sampleFile);
-        if (c.inHome)
-            test::writeAll(homeFile, "[Macros]\n");
-        if (c.inProgram)
-            test::writeAll(sampleFile, "[Macros]\n");
-        EXPECT_EQ(MacroCatalogue::locate(home.path(), program.path()), c.expected) << c.name;
-    }
-    QFile::remove(homeFile);
+    const auto located = [&] { return MacroCatalogue::locate(home.path(), program.path()); };
+    EXPECT_EQ(located(), QString());
     QDir(home.path()).mkdir("MACROS.INI");
-    EXPECT_EQ(MacroCatalogue::locate(home.path(), QString()), QString()) << "a folder is no file";
+    test::writeAll(program.filePath("MACROS.INI"), "[Macros]\n");
+    EXPECT_EQ(located(), program.filePath("MACROS.INI")) << "a folder is no file";
+    QDir(home.path()).rmdir("MACROS.INI");
+    test::writeAll(home.filePath("macros.ini"), "[Macros]\n");
+    EXPECT_EQ(located(), home.filePath("macros.ini")) << "the home copy wins, any letter case";
 }
 
-TEST(MacroCatalogue, PickersStartWithTheirPromptRows) {
-    const MacroCatalogue catalogue =
-        MacroCatalogue::parse(QStringLiteral("[Programes]\nCalc=gcalc\n[Macros]\nIntro={ENTER}\n"));
-    EXPECT_EQ(catalogue.programPickerItems(Language::Catalan),
-              (QStringList{">>> tria un programa", ">>> ALTRES", "Calc"}));
-    EXPECT_EQ(catalogue.programPickerItems(Language::Spanish),
-              (QStringList{">>> Seleccione un programa", ">>> OTROS", "Calc"}));
-    EXPECT_EQ(catalogue.macroPickerItems(Language::Catalan),
-              (QStringList{">>> Tria una macro", "Intro"}));
-    EXPECT_EQ(catalogue.programPickerItems(Language::Catalan)[MacroCatalogue::kFirstProgramRow],
-              catalogue.programs()[0].name);
-    EXPECT_EQ(catalogue.macroPickerItems(Language::Spanish)[MacroCatalogue::kFirstMacroRow],
-              catalogue.macros()[0].name);
+TEST(MacroCatalogue, AProgramRunsFromAnExecuteBlock) {
     EXPECT_EQ(MacroCatalogue::executeBlock("  libreoffice --calc "),
               QStringLiteral("{|Executa libreoffice --calc}"));
 }
