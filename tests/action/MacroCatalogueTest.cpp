@@ -46,15 +46,6 @@ TEST(MacroCatalogue, ParsesSectionsEntriesAndBadLines) {
             << text;
 }
 
-TEST(MacroCatalogue, ProblemsSayWhatIsWrong) {
-    const MacroCatalogue catalogue =
-        MacroCatalogue::parse(QStringLiteral("[Macros]\nA=1\nA=2\nB=\n[Altres]\n"));
-    ASSERT_EQ(catalogue.problems().size(), 3);
-    EXPECT_TRUE(catalogue.problems()[0].reason.contains("twice"));
-    EXPECT_TRUE(catalogue.problems()[1].reason.contains("\"B\""));
-    EXPECT_TRUE(catalogue.problems()[2].reason.contains("[Altres]"));
-}
-
 TEST(MacroCatalogue, MissingFileGivesAnEmptyCatalogueAndOneProblem) {
     const MacroCatalogue catalogue = MacroCatalogue::read("/nonexistent/MACROS.INI");
     EXPECT_EQ(describe(catalogue), "!0");
@@ -63,14 +54,9 @@ TEST(MacroCatalogue, MissingFileGivesAnEmptyCatalogueAndOneProblem) {
 
 TEST(MacroCatalogue, ReadsWindows1252AndUtf8Files) {
     QTemporaryDir dir;
-    const QString latin = dir.filePath("latin.ini");
-    const QString utf8 = dir.filePath("utf8.ini");
-    test::writeAll(latin, QByteArray("[Macros]\nMem\xf2ria={|RM }\n"));
-    test::writeAll(utf8, QByteArray("[Macros]\nMem\xc3\xb2ria={|RM }\n"));
-    for (const QString& path : {latin, utf8}) {
-        const MacroCatalogue catalogue = MacroCatalogue::read(path);
-        ASSERT_EQ(catalogue.macros().size(), 1) << path.toStdString();
-        EXPECT_EQ(catalogue.macros()[0].name, QStringLiteral("Memòria")) << path.toStdString();
+    for (const QByteArray& name : {QByteArray("Mem\xf2ria"), QByteArray("Mem\xc3\xb2ria")}) {
+        test::writeAll(dir.filePath("m.ini"), "[Macros]\n" + name + "=x\n");
+        EXPECT_EQ(describe(MacroCatalogue::read(dir.filePath("m.ini"))), "M /Memòria=x") << name;
     }
 }
 
@@ -94,11 +80,6 @@ TEST(MacroCatalogue, LocatesTheHomeCopyFirstThenTheSample) {
     QDir(home.path()).rmdir("MACROS.INI");
     test::writeAll(home.filePath("macros.ini"), "[Macros]\n");
     EXPECT_EQ(located(), home.filePath("macros.ini")) << "the home copy wins, any letter case";
-}
-
-TEST(MacroCatalogue, AProgramRunsFromAnExecuteBlock) {
-    EXPECT_EQ(MacroCatalogue::executeBlock("  libreoffice --calc "),
-              QStringLiteral("{|Executa libreoffice --calc}"));
 }
 
 } // namespace

@@ -28,60 +28,39 @@ TEST(MouseCommand, SingleClickWaitDependsOnTheFractionOfTheSecond) {
         EXPECT_EQ(MouseCommand::clickWaitMs(seconds), ms) << seconds;
 }
 
-// The pointer stays at (200, 100); the target window's corner is (100, 50).
-// Events read "flags x y"; the screen is 65535 pixels wide and high.
+QStringList pointer(QStringList events) {
+    for (QString& event : events)
+        event.prepend("pointer ");
+    return events;
+}
+
 TEST(MouseCommand, PerformsEachWord) {
-    const struct {
-        const char* name;
-        QString text;
-        QStringList events;
-        int problems = 0;
-    } cases[] = {
-        {"relative steps add up, zero is the default step",
-         "{|Mouse A 0 E 3 R -1 D 2}",
-         {"8001 200 95", "8001 197 95", "8001 197 94", "8001 199 94"}},
-        {"from the target's corner, a missing y is 0", "{|Mouse M 10}", {"8001 110 50"}},
-        {"clicks and releases",
-         "{|Mouse CE CD AE AD}",
-         {"8002 200 100", "8004 200 100", "8008 200 100", "8010 200 100", "8004 200 100",
-          "8010 200 100"}},
-        {"double clicks",
-         "{|Mouse 2CE 2CD}",
-         {"8002 200 100", "8004 200 100", "8002 200 100", "8004 200 100", "8008 200 100",
-          "8010 200 100", "8008 200 100", "8010 200 100"}},
-        {"drags from where the pointer is",
-         "{|Mouse PE 30 40 PD 1 2}",
-         {"8003 200 100", "8003 130 90", "8004 130 90", "8009 200 100", "8009 101 52",
-          "8010 101 52"}},
-        {"unknown and lower-case words take their place only",
-         "{|Mouse m X 5 D}",
-         {"8001 205 100"}},
-        {"a number beyond 16 bits ends the command",
-         "{|Mouse CE A 99999 CD}",
-         {"8002 200 100", "8004 200 100"},
-         1},
-    };
-    for (const auto& c : cases) {
-        RunnerBench bench;
-        bench.windows.setScreenSize({65535, 65535});
-        bench.pointer.setPosition({200, 100});
-        bench.run(c.text);
-        QStringList events;
-        for (const auto& event : bench.pointer.events())
-            events.append(
-                QStringLiteral("%1 %2 %3").arg(event.flags, 0, 16).arg(event.x).arg(event.y));
-        EXPECT_EQ(events, c.events) << c.name;
-        EXPECT_EQ(bench.problems.size(), c.problems) << c.name << ": " << bench.problems;
-    }
+    test::expectRuns({
+        {"relative steps add up, zero is the default step", "{|Mouse A 0 E 3 R -1 D 2}",
+         pointer({"8001 200 95", "8001 197 95", "8001 197 94", "8001 199 94"})},
+        {"from the target's corner, a missing y is 0", "{|Mouse M 10}", pointer({"8001 110 50"})},
+        {"clicks and releases", "{|Mouse CE CD AE AD}",
+         pointer({"8002 200 100", "8004 200 100", "8008 200 100", "8010 200 100", "8004 200 100",
+                  "8010 200 100"})},
+        {"double clicks", "{|Mouse 2CE 2CD}",
+         pointer({"8002 200 100", "8004 200 100", "8002 200 100", "8004 200 100", "8008 200 100",
+                  "8010 200 100", "8008 200 100", "8010 200 100"})},
+        {"drags from where the pointer is", "{|Mouse PE 30 40 PD 1 2}",
+         pointer({"8003 200 100", "8003 130 90", "8004 130 90", "8009 200 100", "8009 101 52",
+                  "8010 101 52"})},
+        {"unknown and lower-case words take their place only", "{|Mouse m X 5 D}",
+         pointer({"8001 205 100"})},
+        {"a number beyond 16 bits ends the command", "{|Mouse CE A 99999 CD}",
+         pointer({"8002 200 100", "8004 200 100"}), 1},
+    });
 }
 
 TEST(MouseCommand, DragStartsWherePreviousWordsLeftThePointer) {
     RunnerBench bench;
-    bench.windows.setScreenSize({65535, 65535});
     bench.pointer.followMoves({65535, 65535});
     bench.run("{|Mouse M 0 0 PE 10 10}");
-    EXPECT_EQ(bench.log.lines, (QStringList{"pointer 8001 100 50", "pointer 8003 100 50",
-                                            "pointer 8003 110 60", "pointer 8004 110 60"}));
+    EXPECT_EQ(bench.log.lines,
+              pointer({"8001 100 50", "8003 100 50", "8003 110 60", "8004 110 60"}));
 }
 
 TEST(MouseCommand, ScalesToTheScreenFromItsCornerWhenTheTargetIsGone) {
@@ -89,20 +68,18 @@ TEST(MouseCommand, ScalesToTheScreenFromItsCornerWhenTheTargetIsGone) {
     bench.windows.setScreenSize({1000, 500});
     bench.state.TargetWindow = 999;
     bench.run("{|Mouse M 2 1}");
-    EXPECT_EQ(bench.log.lines, (QStringList{"pointer 8001 131 131"}));
+    EXPECT_EQ(bench.log.lines, pointer({"8001 131 131"}));
 }
 
 TEST(MouseCommand, SingleClickWaitResumesFromTheEventLoop) {
     RunnerBench bench;
-    bench.windows.setScreenSize({65535, 65535});
-    bench.pointer.setPosition({7, 8});
     bench.clock.setSecondsSinceMidnight(10.995); // rounds to 11: about 16 ms to wait
     bench.runner.SendActionText("{|Mouse CE}x");
-    EXPECT_EQ(bench.log.lines, (QStringList{"pointer 8002 7 8"}));
+    EXPECT_EQ(bench.log.lines, pointer({"8002 200 100"}));
     EXPECT_TRUE(bench.runner.isBusy());
     bench.waitUntilIdle();
-    EXPECT_EQ(bench.log.lines, (QStringList{"pointer 8002 7 8", "pointer 8004 7 8",
-                                            "activate Notepad - doc", "type x", "flush"}));
+    EXPECT_EQ(bench.log.lines, (pointer({"8002 200 100", "8004 200 100"}) +
+                                QStringList{"activate Notepad - doc", "type x", "flush"}));
 }
 
 } // namespace

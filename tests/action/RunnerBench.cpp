@@ -16,6 +16,8 @@ RunnerBench::RunnerBench()
           [this](WindowId window) { return ownWindows.contains(window); }) {
     notepad = windows.addWindow(QStringLiteral("Notepad - doc"), WindowRect{100, 50, 500, 400});
     state.TargetWindow = notepad;
+    windows.setScreenSize({65535, 65535});
+    pointer.setPosition({200, 100});
     state.speechAvailable = true;
     clock.setSecondsSinceMidnight(3600.25); // a single click then needs no wait
     QObject::connect(&runner, &ActionRunner::problem,

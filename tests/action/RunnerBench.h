@@ -21,7 +21,8 @@ namespace mervak::test {
 // runner's signals are logged too: "page <n>", "open-template <path>", "close".
 // Problems are kept apart, in `problems`. One window, "Notepad - doc", sits at
 // (100, 50)-(500, 400); the target title is "Notepad" until a test changes it.
-// The windows in `ownWindows` are the program's own.
+// The windows in `ownWindows` are the program's own. The screen is 65535 pixels
+// wide and high, so pointer events carry pixels; the pointer stays at (200, 100).
 class RunnerBench {
 public:
     RunnerBench();

@@ -13,28 +13,24 @@ test::CliRun runCli(const QStringList& arguments, const QString& folder = QDir::
     return test::runProgram(MERVAK_CLI, QStringList{"action"} + arguments, folder);
 }
 
+// Run in the build folder, so that the state's folder shows --folder at work.
 TEST(ActionCliDryRun, PrintsTheEffectsAndTheStateLast) {
     QTemporaryDir folder;
     test::writeAll(folder.filePath("Joc.mvw"), "");
     const QString path = QDir::cleanPath(folder.path());
-    const std::pair<QStringList, QStringList> cases[] = {
-        {{"--dry-run", "--target", "Bloc de notes", "--register", "4", "--clipboard", "x",
-          "{|M+ 1}{|Pagina 2}{|RCW }"},
-         {R"({"effect":"page","page":2})", R"({"effect":"activate","title":"Bloc de notes"})",
-          R"({"effect":"keys","text":"x","events":["x"]})", R"({"effect":"flush"})",
-          R"({"effect":"state","register":"5","pending_page":2,"launched":"","folder":")" + path +
-              R"(","clipboard":"x"})"}},
-        {{"--dry-run", "--folder", path, "--target", "|", "{|Carrega joc.mvw}{|Executa joc}"},
-         {R"({"effect":"launch","command":"joc","folder":")" + path + R"(","pid":4096})",
-          R"({"effect":"load-template","file":")" + path + R"(/Joc.mvw"})",
-          R"({"effect":"state","register":"","pending_page":null,"launched":"1000 ","folder":")" +
-              path + R"(","clipboard":""})"}},
-    };
-    for (const auto& [arguments, lines] : cases) {
-        const test::CliRun run = runCli(arguments, path);
-        EXPECT_EQ(run.status, 0) << arguments << ": " << run.err;
-        EXPECT_EQ(run.lines(), lines) << arguments;
-    }
+    const test::CliRun run =
+        runCli({"--dry-run", "--target", "Bloc de notes", "--register", "4", "--clipboard", "x",
+                "--folder", path, "{|M+ 1}{|Pagina 2}{|RCW }{|Carrega joc.mvw}"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(
+        run.lines(),
+        (QStringList{R"({"effect":"page","page":2})",
+                     R"({"effect":"activate","title":"Bloc de notes"})",
+                     R"({"effect":"keys","text":"x","events":["x"]})", R"({"effect":"flush"})",
+                     R"({"effect":"load-template","file":")" + path + R"(/Joc.mvw"})",
+                     R"({"effect":"state","register":"5","pending_page":2,"launched":"",)"
+                     R"("folder":")" +
+                         path + R"(","clipboard":"x"})"}));
 }
 
 TEST(ActionCliDryRun, RefusesBadInputWithAReason) {
