@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringList>
 
 namespace mervak {
 
@@ -27,13 +28,6 @@ bool containsName(const QList<CatalogueEntry>& entries, const QString& group, co
             entry.name.compare(name, Qt::CaseInsensitive) == 0)
             return true;
     return false;
-}
-
-QStringList names(const QList<CatalogueEntry>& entries) {
-    QStringList result;
-    for (const CatalogueEntry& entry : entries)
-        result.append(entry.name);
-    return result;
 }
 
 } // namespace
@@ -71,16 +65,6 @@ QString MacroCatalogue::locate(const QString& homeFolder, const QString& program
             return found;
     }
     return {};
-}
-
-QStringList MacroCatalogue::programPickerItems(Language language) const {
-    return QStringList{Message(language, Msg::ProgramPrompt),
-                       Message(language, Msg::OtherProgram)} +
-           names(programs_);
-}
-
-QStringList MacroCatalogue::macroPickerItems(Language language) const {
-    return QStringList{Message(language, Msg::MacroPrompt)} + names(macros_);
 }
 
 QString MacroCatalogue::executeBlock(const QString& commandLine) {

@@ -1,10 +1,7 @@
 #pragma once
 
-#include "platform/Language.h"
-
 #include <QList>
 #include <QString>
-#include <QStringList>
 
 namespace mervak {
 
@@ -33,9 +30,7 @@ public:
     // macro picker with message 13 (">>> Tria una macro").
     static constexpr int kProgramPromptRow = 0;
     static constexpr int kOtherProgramRow = 1;
-    static constexpr int kFirstProgramRow = 2;
     static constexpr int kMacroPromptRow = 0;
-    static constexpr int kFirstMacroRow = 1;
 
     // The catalogue in a file: Windows-1252, or UTF-8 when the file is valid
     // UTF-8 with multi-byte sequences. A missing or unreadable file gives an
@@ -49,11 +44,6 @@ public:
 
     const QList<CatalogueEntry>& programs() const { return programs_; }
     const QList<CatalogueEntry>& macros() const { return macros_; }
-
-    // The picker texts: the first rows above, then each entry's name in file
-    // order; the entry of row r is programs()[r - kFirstProgramRow] (macros alike).
-    QStringList programPickerItems(Language language) const;
-    QStringList macroPickerItems(Language language) const;
 
     // The ActionText block that starts a program: "{|Executa " + command + "}".
     static QString executeBlock(const QString& commandLine);

@@ -1,7 +1,6 @@
 #include "devices/EasyPacket.h"
 
 #include "platform/Checked16.h"
-#include "platform/TextEncoding.h"
 
 namespace mervak {
 
@@ -24,13 +23,10 @@ int16_t markerOf(const QByteArray& bytes) {
 
 EasyReceive decodeEasyRead(const QByteArray& bytes) {
     EasyReceive r;
-    r.rxCopy = fromWindows1252(bytes);
-    r.rxText = r.rxCopy;
     r.rxMarker = markerOf(bytes);
     if (r.rxMarker < 1 || bytes.size() - r.rxMarker < 2)
         return r;
     const QByteArray packet = bytes.mid(r.rxMarker - 1);
-    r.rxText = fromWindows1252(packet);
     int16_t x = characterCode(packet[1]);
     int16_t y = characterCode(packet[2]);
     if (x > kEasyMaxCoordinate || y >= kEasyMaxCoordinate + 1) {

@@ -3,7 +3,6 @@
 #include "devices/PressPoint.h"
 
 #include <QByteArray>
-#include <QString>
 #include <optional>
 
 namespace mervak {
@@ -13,8 +12,6 @@ constexpr int kEasyMaxCoordinate = 119;
 
 // What one read of the position stream leaves behind.
 struct EasyReceive {
-    QString rxCopy;       // the whole read, as Windows-1252 text
-    QString rxText;       // from the first "^" on when a packet was decoded, else the whole read
     int16_t rxMarker = 0; // 1-based position of the first "^"; 0 when there is none
     // Set when the read held a whole packet: "^" then the X and Y bytes, each
     // taken as its Windows-1252 character code. (0, 0) when either is past 119.

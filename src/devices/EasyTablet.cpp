@@ -132,10 +132,10 @@ void EasyTablet::onReceived(const QByteArray& bytes) {
         wait_.append(fromWindows1252(bytes));
         return;
     }
-    lastReceive_ = decodeEasyRead(bytes);
-    if (!lastReceive_.position)
+    const EasyReceive received = decodeEasyRead(bytes);
+    if (!received.position)
         return;
-    position_ = *lastReceive_.position;
+    position_ = *received.position;
     emit positionArrived(position_);
 }
 

@@ -45,12 +45,9 @@ public:
     // The EASY position slot: the latest decoded packet; (0, 0) is no press, as
     // is a closed port.
     PressPoint easyPosition() const { return position_; }
-    int16_t packetMode() const { return packetMode_; }
     bool isOpen() const;
     // The port in use, or last tried; empty before any start.
     QString portPath() const { return portPath_; }
-    // What the latest read in streaming mode left (received text, marker).
-    const EasyReceive& lastReceive() const { return lastReceive_; }
 
 signals:
     // The outcome of start(): on failure, `message` says why in plain words.
@@ -93,7 +90,6 @@ private:
     bool heard_ = false; // bytes arrived during the current reply wait
     int16_t packetMode_ = 0;
     PressPoint position_;
-    EasyReceive lastReceive_;
     QString commEventText_; // pending status message
     QString commErrorText_; // pending error message
 };

@@ -58,9 +58,6 @@ public:
     // One Timer1 interval.
     void tick();
 
-    int16_t LastArea() const { return lastArea_; }
-    int16_t EmptyPolls() const { return emptyPolls_; }
-
 signals:
     // The text of a text clip file, for the window that shows it.
     void clipTextLoaded(const QString& text);

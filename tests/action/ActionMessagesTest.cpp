@@ -24,21 +24,9 @@ TEST(ActionMessages, EveryProblemHasItsOwnTextInBothLanguages) {
 }
 
 TEST(ActionMessages, FileProblemsUseTheNumberedMessages) {
-    struct Case {
-        const char* name;
-        ActionProblem problem;
-        int number;
-    };
-    const Case cases[] = {
-        {"not found", ActionProblem::FileNotFound, 15},
-        {"not read", ActionProblem::FileNotRead, 3},
-    };
-    for (const auto& c : cases) {
-        for (Language language : {Language::Catalan, Language::Spanish})
-            EXPECT_EQ(actionMessage(language, c.problem, {"/a/b.txt"}),
-                      Message(language, c.number) + "/a/b.txt")
-                << c.name;
-    }
+    for (Language language : {Language::Catalan, Language::Spanish})
+        EXPECT_EQ(actionMessage(language, ActionProblem::FileNotRead, {"/a.txt"}),
+                  Message(language, 3) + "/a.txt");
 }
 
 TEST(ActionMessages, MarkersInsideArgumentsStayAsTheyAre) {
@@ -49,9 +37,24 @@ TEST(ActionMessages, MarkersInsideArgumentsStayAsTheyAre) {
                           "repeticions incorrecte a \"{%1 %2}\" al caràcter 5"));
 }
 
-TEST(ActionMessages, MissingArgumentsLeaveTheirMarkers) {
-    EXPECT_EQ(actionMessage(Language::Catalan, ActionProblem::ProgramNotStarted),
-              QString::fromUtf8("No s'ha pogut engegar \"%1\""));
+TEST(ActionMessages, TypingErrorsNameTheKeyOrWhatIsMissing) {
+    using Reason = TypingError::Reason;
+    const std::tuple<Language, TypingError, const char*> cases[] = {
+        {Language::Catalan,
+         {Reason::KeyNotTypeable, {Key::Character, U'\x9b', {}}, {}},
+         "No s'han pogut escriure les tecles: \"\u009b\" (U+009B) no es pot escriure amb cap "
+         "teclat"},
+        {Language::Spanish,
+         {Reason::NoFreeKeycode, {Key::F13, 0, {}}, {}},
+         "No se han podido escribir las teclas: no queda ningún código de tecla libre para "
+         "{F13}"},
+        {Language::Spanish,
+         {Reason::NoModifierKey, {}, "Mod5"},
+         "No se han podido escribir las teclas: ninguna tecla del teclado da el modificador "
+         "Mod5"},
+    };
+    for (const auto& [language, error, text] : cases)
+        EXPECT_EQ(typingErrorMessage(language, error), QString::fromUtf8(text));
 }
 
 } // namespace

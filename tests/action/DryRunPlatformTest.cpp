@@ -3,8 +3,8 @@
 #include "action/ActionRunner.h"
 #include "support/QtPrinters.h"
 #include "support/TestFiles.h"
+#include "support/Waiting.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -31,9 +31,7 @@ struct DryRun {
 
     QStringList run(const QString& text) {
         runner.SendActionText(text);
-        for (int i = 0; i < 1000 && runner.isBusy(); ++i)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-        EXPECT_FALSE(runner.isBusy()) << text;
+        EXPECT_TRUE(test::waitFor([this] { return !runner.isBusy(); })) << text;
         platform.writeState(state);
         return lines;
     }
@@ -46,127 +44,52 @@ struct DryRun {
 
 constexpr double kNoon = 43200.25; // a single click needs no wait at this time
 
-struct Case {
-    const char* name;
-    QString title;
-    QString text;
-    QStringList lines; // before the state line
-};
-
-TEST(DryRunPlatform, WritesEachEffectAsOneLine) {
-    const QString noState = QStringLiteral(
-        R"({"effect":"state","register":"","pending_page":null,"launched":"","folder":"","clipboard":"clip"})");
-    const Case cases[] = {
-        {"keys into the target",
-         "Notepad",
-         "abc",
-         {R"({"effect":"activate","title":"Notepad"})",
-          R"({"effect":"keys","text":"abc","events":["a","b","c"]})", R"({"effect":"flush"})"}},
-        {"a title begins the window's",
-         "Notepad",
-         "NOTE",
-         {R"({"effect":"activate","title":"Notepad"})",
-          R"({"effect":"keys","text":"NOTE","events":["N","O","T","E"]})",
-          R"({"effect":"flush"})"}},
-        {"no target types into the focused window",
-         "",
-         "+(ab)~",
-         {R"({"effect":"keys","text":"+a+b{ENTER}","events":["+a","+b","{ENTER}"]})",
-          R"({"effect":"flush"})"}},
-        {"a bar types nothing", "|", "ab{|Pagina 2}", {}},
-        {"quotes and backslashes are escaped",
-         "",
-         R"("\)",
-         {R"({"effect":"keys","text":"\"\\","events":["\"","\\"]})", R"({"effect":"flush"})"}},
-        {"accents stay as they are",
-         "",
-         QString::fromUtf8("l·l€"),
-         {QString::fromUtf8(R"({"effect":"keys","text":"l·l€","events":["l","·","l","€"]})"),
-          R"({"effect":"flush"})"}},
-        {"waits are flushes",
-         "",
-         "{|Espera 2}",
-         {R"({"effect":"flush"})", R"({"effect":"flush"})"}},
-        {"mouse from the target's corner",
-         "Notepad",
-         "{|Mouse M 0 0 CD}",
-         {R"({"effect":"mouse","actions":["move"],"x":100,"y":50,"absolute_x":3413,"absolute_y":3034})",
-          R"({"effect":"mouse","actions":["right-down"],"x":100,"y":50,"absolute_x":3413,"absolute_y":3034})",
-          R"({"effect":"mouse","actions":["right-up"],"x":100,"y":50,"absolute_x":3413,"absolute_y":3034})"}},
-        {"speak",
-         "",
-         "{|Llegir Hola. Adeu}",
-         {R"({"effect":"speak","text":"Hola; Adeu","speaker":0})"}},
-        {"registry",
-         "",
-         R"({|REG [HKEY_CURRENT_USER\Software\X]Mida=dword:255})",
-         {R"({"effect":"registry","key":"HKEY_CURRENT_USER\\Software\\X","name":"Mida","value":"dword:000000FF"})"}},
-        {"typed clipboard",
-         "",
-         "{|RCW }",
-         {R"({"effect":"keys","text":"clip","events":["c","l","i","p"]})",
-          R"({"effect":"flush"})"}},
-        {"close ends everything", "", "{|Tancar}x", {R"({"effect":"close"})"}},
-    };
-    for (const auto& c : cases) {
-        DryRun dry(DryRunOptions{c.title, "clip", kNoon});
-        const QStringList lines = dry.run(c.text);
-        EXPECT_EQ(lines.mid(0, lines.size() - 1), c.lines) << c.name;
-        EXPECT_EQ(lines.last(), noState) << c.name;
-    }
-}
-
-TEST(DryRunPlatform, EndsWithTheState) {
-    DryRun dry(DryRunOptions{"", "", kNoon});
-    dry.state.memoryRegister = "4";
-    dry.state.WorkingFolder = "/tmp/x";
-    const QStringList lines = dry.run("{|M+ 3}{|Pagina 2}{|Executa a}{|Executa b}");
-    EXPECT_EQ(
-        lines,
-        (QStringList{
-            R"({"effect":"page","page":2})",
-            R"({"effect":"launch","command":"a","folder":"/tmp/x","pid":4096})",
-            R"({"effect":"launch","command":"b","folder":"/tmp/x","pid":4097})",
-            R"({"effect":"state","register":"7","pending_page":2,"launched":"1000 1001 ","folder":"/tmp/x","clipboard":""})",
-        }));
-}
-
-TEST(DryRunPlatform, ReportsFileCommandsWithTheirPaths) {
+TEST(DryRunPlatform, WritesEachEffectAsOneLineAndTheStateLast) {
     QTemporaryDir dir;
     test::writeAll(dir.filePath("hola.txt"), "Hola\n");
     test::writeAll(dir.filePath("dibuix.bmp"), "BM");
     test::writeAll(dir.filePath("Joc.mvw"), "");
     const QString folder = QDir::cleanPath(dir.path());
-    struct FileCase {
-        const char* name;
-        QString text;
-        QStringList lines;
-    };
-    const FileCase cases[] = {
-        {"text pasted with Ctrl+V",
-         "{|Enganxa hola.txt}",
-         {R"({"effect":"activate","title":"Notepad"})", R"({"effect":"paste","text":"Hola\n"})",
-          R"({"effect":"keys","text":"^v","events":["^v"]})", R"({"effect":"flush"})"}},
-        {"picture pasted",
-         "{|Enganxa dibuix.bmp}",
-         {R"({"effect":"activate","title":"Notepad"})",
-          R"({"effect":"paste","picture":")" + folder + R"(/dibuix.bmp"})",
-          R"({"effect":"keys","text":"^v","events":["^v"]})", R"({"effect":"flush"})"}},
-        {"sound",
-         "{|Sona so.WAV}",
-         {R"({"effect":"sound","file":")" + folder + R"(/so.WAV","kind":"wave"})"}},
-        {"template asked for at the end",
-         "{|Carrega joc.mvw}a",
-         {R"({"effect":"activate","title":"Notepad"})",
-          R"({"effect":"keys","text":"a","events":["a"]})", R"({"effect":"flush"})",
-          R"({"effect":"load-template","file":")" + folder + R"(/Joc.mvw"})"}},
-    };
-    for (const auto& c : cases) {
-        DryRun dry(DryRunOptions{"Notepad", "", kNoon});
-        dry.state.WorkingFolder = folder;
-        const QStringList lines = dry.run(c.text);
-        EXPECT_EQ(lines.mid(0, lines.size() - 1), c.lines) << c.name;
-    }
+    DryRun dry(DryRunOptions{"Notepad", "", kNoon});
+    dry.state.memoryRegister = "4";
+    dry.state.WorkingFolder = folder;
+    const QString activate = R"({"effect":"activate","title":"Notepad"})";
+    const QString ctrlV = R"({"effect":"keys","text":"^v","events":["^v"]})";
+    const QString flush = R"({"effect":"flush"})";
+    const QString mouse = R"({"effect":"mouse","actions":["%1"],"x":100,"y":50,)"
+                          R"("absolute_x":3413,"absolute_y":3034})";
+    const QStringList lines =
+        dry.run(R"({|M+ 3}{|Pagina 2}{|Executa a}{|Mouse M 0 0 CD}+(ab)~"\é{|Llegir Hola. Adeu})"
+                R"({|REG [HKEY_CURRENT_USER\Software\X]Mida=dword:255}{|Carrega joc.mvw})"
+                R"({|Enganxa hola.txt}{|Enganxa dibuix.bmp}{|Sona so.WAV})");
+    EXPECT_EQ(
+        lines,
+        (QStringList{
+            R"({"effect":"page","page":2})",
+            R"({"effect":"launch","command":"a","folder":")" + folder + R"(","pid":4096})",
+            mouse.arg("move"),
+            mouse.arg("right-down"),
+            mouse.arg("right-up"),
+            activate,
+            R"({"effect":"keys","text":"+a+b{ENTER}\"\\é","events":["+a","+b","{ENTER}","\"","\\","é"]})",
+            flush,
+            R"({"effect":"speak","text":"Hola; Adeu","speaker":0})",
+            R"({"effect":"registry","key":"HKEY_CURRENT_USER\\Software\\X","name":"Mida","value":"dword:000000FF"})",
+            activate,
+            R"({"effect":"paste","text":"Hola\n"})",
+            ctrlV,
+            flush,
+            activate,
+            R"({"effect":"paste","picture":")" + folder + R"(/dibuix.bmp"})",
+            ctrlV,
+            flush,
+            R"({"effect":"sound","file":")" + folder + R"(/so.WAV","kind":"wave"})",
+            R"({"effect":"load-template","file":")" + folder + R"(/Joc.mvw"})",
+            R"({"effect":"state","register":"7","pending_page":2,"launched":"1000 ","folder":")" +
+                folder + R"(","clipboard":""})"}));
+
+    DryRun closing(DryRunOptions{"", "", kNoon});
+    EXPECT_EQ(closing.run("{|Tancar}x").first(), R"({"effect":"close"})");
 }
 
 TEST(DryRunPlatform, EscapesControlCharacters) {

@@ -9,75 +9,48 @@
 namespace mervak {
 namespace {
 
-using Entries = QList<CatalogueEntry>;
+// "P group/name=text" for programs, "M ..." for macros.
+QString describe(const MacroCatalogue& catalogue) {
+    QStringList parts;
+    for (const auto& [kind, entries] :
+         {std::pair{"P ", &catalogue.programs()}, std::pair{"M ", &catalogue.macros()}}) {
+        for (const CatalogueEntry& entry : *entries)
+            parts.append(kind + entry.group + '/' + entry.name + '=' + entry.text);
+    }
+    return parts.join("; ");
+}
 
 TEST(MacroCatalogue, ParsesSectionsAndSkipsBadLines) {
-    const struct {
-        const char* name;
-        const char* text;
-        Entries programs;
-        Entries macros;
-    } cases[] = {
-        {"empty text", "", {}, {}},
-        {"plain sections",
-         "[Programes]\nCalculadora=gnome-calculator\n[Macros]\nIntro={ENTER}\n",
-         {{"", "Calculadora", "gnome-calculator"}},
-         {{"", "Intro", "{ENTER}"}}},
-        {"groups, section names in any case, CR LF",
-         "[programes: Jocs]\r\nTux Paint = tuxpaint \r\n[MACROS :Memòria]\r\nRM={|RM }\r\n",
-         {{"Jocs", "Tux Paint", "tuxpaint"}},
-         {{"Memòria", "RM", "{|RM }"}}},
-        {"Spanish section name", "[Programas]\nCalc=gcalc\n", {{"", "Calc", "gcalc"}}, {}},
-        {"quotes keep blanks; the first = splits",
-         "[Macros]\nEspai=\" \"\nIgual={|M+ a=b}\nApòstrof=' x '\n",
-         {},
-         {{"", "Espai", " "}, {"", "Igual", "{|M+ a=b}"}, {"", "Apòstrof", " x "}}},
-        {"comments and blank lines", "; title\n\n[Macros]\n  ; note\nA=a\n", {}, {{"", "A", "a"}}},
-        {"line before any section", "A=a\n[Macros]\nB=b\n", {}, {{"", "B", "b"}}},
-        {"line without =", "[Macros]\nnothing here\nB=b\n", {}, {{"", "B", "b"}}},
-        {"empty name and empty value", "[Programes]\n=x\nY=\nZ=\"\"\n", {}, {}},
-        {"an unknown section's lines are skipped",
-         "[Macros]\nA=a\n[Altres]\nB=b\nC=c\n[Macros]\nD=d\n",
-         {},
-         {{"", "A", "a"}, {"", "D", "d"}}},
-        {"a header without ] is no header",
-         "[Macros]\nA=a\n[Programes\nB=b\n",
-         {},
-         {{"", "A", "a"}, {"", "B", "b"}}},
-        {"duplicate names: first kept, case ignored, groups apart",
-         "[Macros]\nA=1\na=2\n[Macros: G]\nA=3\n",
-         {},
-         {{"", "A", "1"}, {"G", "A", "3"}}},
-        {"same name as program and macro",
-         "[Programes]\nA=a\n[Macros]\nA={ENTER}\n",
-         {{"", "A", "a"}},
-         {{"", "A", "{ENTER}"}}},
-        {"garbage", "\x01\x02]]==[[\n[\n=\n[]\n", {}, {}},
+    const std::pair<const char*, const char*> cases[] = {
+        {"[Programes]\nCalc=gcalc\n[Macros]\ncalc={ENTER}\n", "P /Calc=gcalc; M /calc={ENTER}"},
+        {"[programas: Jocs]\r\nTux Paint = tuxpaint \r\n[MACROS :Memòria]\r\nRM={|RM }\r\n",
+         "P Jocs/Tux Paint=tuxpaint; M Memòria/RM={|RM }"},
+        {"[Macros]\nEspai=\" \"\nIgual={|M+ a=b}\nApòstrof=' x '\n",
+         "M /Espai= ; M /Igual={|M+ a=b}; M /Apòstrof= x "},
+        {"; title\n\n[Macros]\n  ; note\nA=a\n", "M /A=a"},
+        {"A=a\n[Macros]\nB=b\n", "M /B=b"},
+        {"[Macros]\nnothing here\nB=b\n", "M /B=b"},
+        {"[Programes]\n=x\nY=\nZ=\"\"\n", ""},
+        {"[Macros]\nA=a\n[Altres]\nB=b\nC=c\n[Macros]\nD=d\n", "M /A=a; M /D=d"},
+        {"[Macros]\nA=a\n[Programes\nB=b\n", "M /A=a; M /B=b"},
+        {"[Macros]\nA=1\na=2\n[Macros: G]\nA=3\n", "M /A=1; M G/A=3"},
+        {"\x01\x02]]==[[\n[\n=\n[]\n", ""},
     };
-    for (const auto& c : cases) {
-        const MacroCatalogue catalogue = MacroCatalogue::parse(QString::fromUtf8(c.text));
-        EXPECT_EQ(catalogue.programs(), c.programs) << c.name;
-        EXPECT_EQ(catalogue.macros(), c.macros) << c.name;
-    }
+    for (const auto& [text, expected] : cases)
+        EXPECT_EQ(describe(MacroCatalogue::parse(QString::fromUtf8(text))),
+                  QString::fromUtf8(expected))
+            << text;
 }
 
 TEST(MacroCatalogue, AMissingFileGivesAnEmptyCatalogue) {
-    const MacroCatalogue catalogue =
-        MacroCatalogue::read(QStringLiteral("/nonexistent/MACROS.INI"));
-    EXPECT_TRUE(catalogue.programs().isEmpty());
-    EXPECT_TRUE(catalogue.macros().isEmpty());
+    EXPECT_EQ(describe(MacroCatalogue::read("/nonexistent/MACROS.INI")), "");
 }
 
 TEST(MacroCatalogue, ReadsWindows1252AndUtf8Files) {
     QTemporaryDir dir;
-    const QString latin = dir.filePath("latin.ini");
-    const QString utf8 = dir.filePath("utf8.ini");
-    test::writeAll(latin, QByteArray("[Macros]\nMem\xf2ria={|RM }\n"));
-    test::writeAll(utf8, QByteArray("[Macros]\nMem\xc3\xb2ria={|RM }\n"));
-    for (const QString& path : {latin, utf8}) {
-        const MacroCatalogue catalogue = MacroCatalogue::read(path);
-        ASSERT_EQ(catalogue.macros().size(), 1) << path.toStdString();
-        EXPECT_EQ(catalogue.macros()[0].name, QStringLiteral("Memòria")) << path.toStdString();
+    for (const QByteArray& name : {QByteArray("Mem\xf2ria"), QByteArray("Mem\xc3\xb2ria")}) {
+        test::writeAll(dir.filePath("m.ini"), "[Macros]\n" + name + "=x\n");
+        EXPECT_EQ(describe(MacroCatalogue::read(dir.filePath("m.ini"))), "M /Memòria=x") << name;
     }
 }
 
@@ -91,48 +64,14 @@ TEST(MacroCatalogue, ShippedSampleReadsCleanly) {
 TEST(MacroCatalogue, LocatesTheHomeCopyFirstThenTheSample) {
     QTemporaryDir home;
     QTemporaryDir program;
-    const QString homeFile = home.filePath("macros.ini");
-    const QString sampleFile = program.filePath("MACROS.INI");
-    const struct {
-        const char* name;
-        bool inHome;
-        bool inProgram;
-        QString expected;
-    } cases[] = {
-        {"neither", false, false, QString()},
-        {"sample only", false, true, sampleFile},
-        {"home copy wins, any letter case", true, true, homeFile},
-        {"home copy alone", true, false, homeFile},
-    };
-    for (const auto& c : cases) {
-        QFile::remove(homeFile);
-        QFile::remove(sampleFile);
-        if (c.inHome)
-            test::writeAll(homeFile, "[Macros]\n");
-        if (c.inProgram)
-            test::writeAll(sampleFile, "[Macros]\n");
-        EXPECT_EQ(MacroCatalogue::locate(home.path(), program.path()), c.expected) << c.name;
-    }
-    QFile::remove(homeFile);
+    const auto located = [&] { return MacroCatalogue::locate(home.path(), program.path()); };
+    EXPECT_EQ(located(), QString());
     QDir(home.path()).mkdir("MACROS.INI");
-    EXPECT_EQ(MacroCatalogue::locate(home.path(), QString()), QString()) << "a folder is no file";
-}
-
-TEST(MacroCatalogue, PickersStartWithTheirPromptRows) {
-    const MacroCatalogue catalogue =
-        MacroCatalogue::parse(QStringLiteral("[Programes]\nCalc=gcalc\n[Macros]\nIntro={ENTER}\n"));
-    EXPECT_EQ(catalogue.programPickerItems(Language::Catalan),
-              (QStringList{">>> tria un programa", ">>> ALTRES", "Calc"}));
-    EXPECT_EQ(catalogue.programPickerItems(Language::Spanish),
-              (QStringList{">>> Seleccione un programa", ">>> OTROS", "Calc"}));
-    EXPECT_EQ(catalogue.macroPickerItems(Language::Catalan),
-              (QStringList{">>> Tria una macro", "Intro"}));
-    EXPECT_EQ(catalogue.programPickerItems(Language::Catalan)[MacroCatalogue::kFirstProgramRow],
-              catalogue.programs()[0].name);
-    EXPECT_EQ(catalogue.macroPickerItems(Language::Spanish)[MacroCatalogue::kFirstMacroRow],
-              catalogue.macros()[0].name);
-    EXPECT_EQ(MacroCatalogue::executeBlock("  libreoffice --calc "),
-              QStringLiteral("{|Executa libreoffice --calc}"));
+    test::writeAll(program.filePath("MACROS.INI"), "[Macros]\n");
+    EXPECT_EQ(located(), program.filePath("MACROS.INI")) << "a folder is no file";
+    QDir(home.path()).rmdir("MACROS.INI");
+    test::writeAll(home.filePath("macros.ini"), "[Macros]\n");
+    EXPECT_EQ(located(), home.filePath("macros.ini")) << "the home copy wins, any letter case";
 }
 
 } // namespace

@@ -1,7 +1,9 @@
 #include "RunnerBench.h"
 
+#include "support/QtPrinters.h"
+#include "support/Waiting.h"
+
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <gtest/gtest.h>
 
 namespace mervak::test {
@@ -14,6 +16,8 @@ RunnerBench::RunnerBench()
           [this](WindowId window) { return ownWindows.contains(window); }) {
     notepad = windows.addWindow(QStringLiteral("Notepad - doc"), WindowRect{100, 50, 500, 400});
     state.TargetWindow = notepad;
+    windows.setScreenSize({65535, 65535});
+    pointer.setPosition({200, 100});
     state.speechAvailable = true;
     clock.setSecondsSinceMidnight(3600.25); // a single click then needs no wait
     QObject::connect(&runner, &ActionRunner::problem,
@@ -32,15 +36,21 @@ void RunnerBench::run(const QString& actionText) {
 }
 
 void RunnerBench::waitUntilIdle() {
-    // A bound for a runner that hangs, not a measure of speed.
-    constexpr int kGiveUpMs = 10000;
-    QElapsedTimer elapsed;
-    elapsed.start();
-    while (runner.isBusy() && elapsed.elapsed() < kGiveUpMs)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-    EXPECT_FALSE(runner.isBusy()) << "the runner never finished";
+    EXPECT_TRUE(waitFor([this] { return !runner.isBusy(); })) << "the runner never finished";
     // Effects that end from the event loop after the runner is idle (MIDI music).
     QCoreApplication::processEvents();
+}
+
+void expectRuns(std::initializer_list<RunCase> cases) {
+    for (const RunCase& c : cases) {
+        RunnerBench bench;
+        bench.clipboard.hold(QStringLiteral("clip"));
+        bench.state.memoryRegister = c.registerBefore;
+        bench.run(c.text);
+        EXPECT_EQ(bench.log.lines, c.effects) << c.name;
+        EXPECT_EQ(bench.problems.size(), c.problems) << c.name << ": " << bench.problems;
+        EXPECT_EQ(bench.state.memoryRegister, c.registerAfter) << c.name;
+    }
 }
 
 } // namespace mervak::test

@@ -13,6 +13,7 @@
 #include "support/FakeWindowSystem.h"
 
 #include <QStringList>
+#include <initializer_list>
 
 namespace mervak::test {
 
@@ -20,17 +21,15 @@ namespace mervak::test {
 // runner's signals are logged too: "page <n>", "open-template <path>", "close".
 // Problems are kept apart, in `problems`. One window, "Notepad - doc", sits at
 // (100, 50)-(500, 400); the target title is "Notepad" until a test changes it.
-// The windows in `ownWindows` are the program's own.
+// The windows in `ownWindows` are the program's own. The screen is 65535 pixels
+// wide and high, so pointer events carry pixels; the pointer stays at (200, 100).
 class RunnerBench {
 public:
     RunnerBench();
-    RunnerBench(const RunnerBench&) = delete;
-    RunnerBench& operator=(const RunnerBench&) = delete;
 
     // Runs the ActionText and lets the event loop run until nothing is left.
     void run(const QString& actionText);
-    // Lets the event loop run until the runner is idle; fails the test when it
-    // never gets there.
+    // Fails the test when the runner never gets idle.
     void waitUntilIdle();
 
     EffectLog log;
@@ -50,5 +49,18 @@ public:
     QStringList problems;
     ActionRunner runner;
 };
+
+// One ActionText run on a fresh bench whose clipboard holds "clip": the effects
+// it leaves, how many problems it reports, the memory register before and after.
+struct RunCase {
+    const char* name;
+    QString text;
+    QStringList effects;
+    int problems = 0;
+    QString registerBefore = {};
+    QString registerAfter = {};
+};
+
+void expectRuns(std::initializer_list<RunCase> cases);
 
 } // namespace mervak::test

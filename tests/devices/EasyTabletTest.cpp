@@ -1,12 +1,14 @@
 #include "devices/EasyTablet.h"
 
 #include "devices/CommEvent.h"
+#include "devices/EasyPacket.h"
+#include "devices/ReplyWait.h"
 #include "devices/TabletMessages.h"
 #include "support/FakeSerialLink.h"
 
 #include <QSignalSpy>
-#include <QTimer>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace mervak {
 namespace {
@@ -67,7 +69,6 @@ TEST_F(EasyTabletTest, SetUpDialogue) {
         bool emitsSent = true;
     };
     const Case cases[] = {
-        {"good tablet", {}, true, 7, None},
         {"good tablet without send events", {}, true, 7, None, false},
         {"identification in capitals", {{"@I\r", {"ANASTASIS/SMACK V2\r"}}}, true, 7, None},
         {"reply in three reads", {{"@Z0\r", {"#", "0", "\r"}}}, true, 7, None},
@@ -80,7 +81,6 @@ TEST_F(EasyTabletTest, SetUpDialogue) {
         {"wrong acknowledgement", {{"@Z0\r", {"#1\r"}}}, false, 1, WrongAnswer},
         {"no acknowledgement", {{"@Z0\r", {}}}, false, 1, NoAnswer},
         {"wrong identification", {{"@I\r", {"Acme pad 3000\r"}}}, false, 2, NotTablet},
-        {"no identification", {{"@I\r", {}}}, false, 2, NoAnswer},
         {"identification cut short", {{"@I\r", {"Anastasis/Sm\r"}}}, false, 2, NotTablet},
     };
     for (const Case& c : cases) {
@@ -97,60 +97,24 @@ TEST_F(EasyTabletTest, SetUpDialogue) {
         ASSERT_TRUE(outcome.finished) << c.name;
         EXPECT_EQ(outcome.ok, c.ok) << c.name;
         EXPECT_EQ(device.written, kWholeDialogue.mid(0, c.commandsSent)) << c.name;
-        EXPECT_EQ(tablet.packetMode(), c.ok ? 1 : 0) << c.name;
         EXPECT_TRUE(tablet.isOpen()) << c.name; // a failed dialogue leaves the port open
         const QString expected[] = {QString(), noAnswerText(Language::Catalan, kPort),
                                     wrongAnswerText(Language::Catalan, kPort),
                                     notTabletText(Language::Catalan, kPort)};
         EXPECT_EQ(outcome.message, expected[c.message]) << c.name;
+        QSignalSpy positions(&tablet, &EasyTablet::positionArrived);
+        bus.openLink(kPort)->deliver("^AB");
+        EXPECT_EQ(positions.size(), c.ok ? 1 : 0) << c.name << ": only a good dialogue streams";
     }
 }
 
-TEST_F(EasyTabletTest, AFailedDialogueNeverEntersTheStream) {
-    answerLikeATablet(bus.device(kPort));
-    bus.device(kPort).replies["@I\r"] = {"Acme\r"};
-    ASSERT_FALSE(startAndWait(tablet, kPort).ok);
-    QSignalSpy positions(&tablet, &EasyTablet::positionArrived);
-    bus.openLink(kPort)->deliver("^AB");
-    EXPECT_TRUE(positions.isEmpty());
-    EXPECT_EQ(tablet.easyPosition(), (PressPoint{0, 0}));
-}
-
-TEST_F(EasyTabletTest, TheReplyWaitKeepsTheEventLoopRunning) {
-    bus.device(kPort); // a device that never answers
-    int ticks = 0;
-    QTimer ticker;
-    QObject::connect(&ticker, &QTimer::timeout, [&] { ++ticks; });
-    ticker.start(10);
+TEST_F(EasyTabletTest, APortThatCannotOpenIsNamedInTheMessage) {
+    bus.device(kPort).openFailure = OpenFailure::Busy;
     const Outcome outcome = startAndWait(tablet, kPort);
-    ASSERT_TRUE(outcome.finished);
     EXPECT_FALSE(outcome.ok);
-    EXPECT_GT(ticks, 0);
-}
-
-TEST_F(EasyTabletTest, PortsThatCannotOpenAreNamedInTheMessage) {
-    struct Case {
-        const char* name;
-        std::optional<OpenFailure> failure; // none: no such device at all
-        OpenFailure reported;
-    };
-    const Case cases[] = {
-        {"missing", std::nullopt, OpenFailure::NotFound},
-        {"no permission", OpenFailure::NoPermission, OpenFailure::NoPermission},
-        {"busy", OpenFailure::Busy, OpenFailure::Busy},
-        {"not a serial port", OpenFailure::NotSerial, OpenFailure::NotSerial},
-    };
-    for (const Case& c : cases) {
-        FakeSerialBus bus;
-        if (c.failure)
-            bus.device(kPort).openFailure = *c.failure;
-        EasyTablet tablet(bus.factory());
-        const Outcome outcome = startAndWait(tablet, kPort);
-        EXPECT_FALSE(outcome.ok) << c.name;
-        EXPECT_EQ(outcome.message, openFailedText(Language::Catalan, kPort, c.reported)) << c.name;
-        EXPECT_TRUE(outcome.message.contains(kPort)) << c.name;
-        EXPECT_FALSE(tablet.isOpen()) << c.name;
-    }
+    EXPECT_EQ(outcome.message, openFailedText(Language::Catalan, kPort, OpenFailure::Busy));
+    EXPECT_TRUE(outcome.message.contains(kPort));
+    EXPECT_FALSE(tablet.isOpen());
 }
 
 TEST_F(EasyTabletTest, StreamedReadsFillTheSlotAndSignalAtOnce) {
@@ -163,9 +127,7 @@ TEST_F(EasyTabletTest, StreamedReadsFillTheSlotAndSignalAtOnce) {
     const Case cases[] = {
         {"press", "^AB", PressPoint{65, 66}, {65, 66}},
         {"cut short: slot unchanged", "^C", std::nullopt, {65, 66}},
-        {"strays before the packet", "\x01\x02^(*", PressPoint{40, 42}, {40, 42}},
         {"out of range is no press", "^x\x05", PressPoint{0, 0}, {0, 0}},
-        {"two packets: the first", "^\x0A\x0B^\x0C\x0D", PressPoint{10, 11}, {10, 11}},
     };
     test::FakeSerialLink* link = streaming();
     ASSERT_NE(link, nullptr);
@@ -178,7 +140,6 @@ TEST_F(EasyTabletTest, StreamedReadsFillTheSlotAndSignalAtOnce) {
         }
         EXPECT_EQ(tablet.easyPosition(), c.slot) << c.name;
     }
-    EXPECT_EQ(tablet.lastReceive().rxCopy, QString::fromLatin1("^\x0A\x0B^\x0C\x0D"));
 }
 
 TEST_F(EasyTabletTest, LineEventsShowStatusOrBeep) {
@@ -190,8 +151,7 @@ TEST_F(EasyTabletTest, LineEventsShowStatusOrBeep) {
     };
     const Case cases[] = {
         {CommEvent::CtsChange, 0, true, true},      {CommEvent::Framing, 0, true, true},
-        {CommEvent::Parity, 2, true, true},         {CommEvent::Break, 2, true, true},
-        {CommEvent::Overrun, 0, false, true},       {CommEvent::TransmitFull, 1, false, true},
+        {CommEvent::Parity, 2, true, true},         {CommEvent::TransmitFull, 1, false, true},
         {CommEvent::PortSettings, 0, false, true},  {CommEvent::CtsTimeout, 2, false, false},
         {CommEvent::PortSettings, 2, false, false},
     };
@@ -220,23 +180,6 @@ TEST_F(EasyTabletTest, LineEventsShowStatusOrBeep) {
         const PressPoint slot = c.stillOpen ? PressPoint{65, 66} : PressPoint{0, 0};
         EXPECT_EQ(tablet.easyPosition(), slot) << c.code;
     }
-}
-
-TEST_F(EasyTabletTest, ALostPortIsToldInPlainWordsAndClosed) {
-    test::FakeSerialLink* link = streaming();
-    ASSERT_NE(link, nullptr);
-    link->deliver("^AB");
-    QSignalSpy status(&tablet, &EasyTablet::statusMessage);
-    QSignalSpy closed(&tablet, &EasyTablet::portClosed);
-
-    link->loseDevice();
-
-    ASSERT_EQ(status.size(), 1);
-    EXPECT_EQ(status[0][0].toString(),
-              QString::fromUtf8("S'ha perdut la connexió amb la tauleta (/dev/ttyFAKE0)"));
-    EXPECT_EQ(closed.size(), 1);
-    EXPECT_FALSE(tablet.isOpen());
-    EXPECT_EQ(tablet.easyPosition(), (PressPoint{0, 0}));
 }
 
 TEST_F(EasyTabletTest, APortLostDuringSetUpFailsTheStart) {
@@ -268,17 +211,9 @@ TEST_F(EasyTabletTest, AutoDetectStartsOnTheFirstPortThatAnswers) {
     EXPECT_EQ(bus.device(mute).written, QByteArrayList{"@Z0\r"});
     EXPECT_EQ(bus.device(kPort).written.size(), kWholeDialogue.size() + 1);
     EXPECT_FALSE(bus.openLink(mute));
-}
 
-TEST_F(EasyTabletTest, AutoDetectWithoutATabletSaysHowManyPortsWereTried) {
-    bus.device(QStringLiteral("/dev/ttyFAKE1"));
-    tablet.setProbeCandidates({QStringLiteral("/dev/missing"), QStringLiteral("/dev/ttyFAKE1")});
-    const Outcome outcome = startAndWait(tablet, QString());
-    EXPECT_FALSE(outcome.ok);
-    EXPECT_EQ(outcome.message, noTabletFoundText(Language::Catalan, 2));
-
-    tablet.setProbeCandidates({});
-    EXPECT_EQ(startAndWait(tablet, QString()).message, noTabletFoundText(Language::Catalan, 0));
+    tablet.setProbeCandidates({QStringLiteral("/dev/missing"), mute});
+    EXPECT_EQ(startAndWait(tablet, QString()).message, noTabletFoundText(Language::Catalan, 2));
 }
 
 TEST_F(EasyTabletTest, ARestartAbandonsTheFirstStart) {
@@ -293,6 +228,66 @@ TEST_F(EasyTabletTest, ARestartAbandonsTheFirstStart) {
     ASSERT_EQ(finished.size(), 1);
     EXPECT_TRUE(finished[0][0].toBool());
     EXPECT_FALSE(bus.openLink(other));
+}
+
+TEST(EasyPacket, DecodesOnlyTheFirstWholePacketOfARead) {
+    const std::tuple<QByteArray, int16_t, std::optional<PressPoint>> cases[] = {
+        // read, marker, position
+        {"xy^AB", 3, PressPoint{65, 66}},
+        {"^A", 1, std::nullopt},
+        {"", 0, std::nullopt},
+        {"^AB^CD", 1, PressPoint{65, 66}},
+        {"^^^", 1, PressPoint{94, 94}},
+        {"^x\n", 1, PressPoint{0, 0}}, // "x" is 120
+        {"^\nx", 1, PressPoint{0, 0}},
+        {"^ww", 1, PressPoint{119, 119}},
+        {QByteArray("^\0\0", 3), 1, PressPoint{0, 0}},
+        {"^\x80\x05", 1, PressPoint{0, 0}},
+    };
+    for (const auto& [read, marker, position] : cases) {
+        const EasyReceive r = decodeEasyRead(read);
+        EXPECT_EQ(r.rxMarker, marker) << read.toHex().toStdString();
+        EXPECT_EQ(r.position, position) << read.toHex().toStdString();
+    }
+}
+
+TEST(EasyPacket, ACaretPastThe16BitMarkerDropsTheRead) {
+    const EasyReceive flood = decodeEasyRead(QByteArray(40000, 'a') + "^AB");
+    EXPECT_EQ(flood.rxMarker, 0);
+    EXPECT_FALSE(flood.position);
+    const EasyReceive justFits = decodeEasyRead(QByteArray(32766, 'a') + "^AB");
+    EXPECT_EQ(justFits.rxMarker, 32767);
+    EXPECT_EQ(justFits.position, (PressPoint{65, 66}));
+}
+
+TEST(ReplyWait, WaitsTheDelayButNeverUnderTheMinimumNorOverTheMaximum) {
+    constexpr int32_t kLowest = std::numeric_limits<int32_t>::min();
+    constexpr int32_t kHighest = std::numeric_limits<int32_t>::max();
+    const std::pair<int32_t, int> cases[] = {
+        {0, kMinReplyWaitMs}, {kLowest, kMinReplyWaitMs}, {1, 1000},
+        {60, 60000},          {61, kMaxReplyWaitMs},      {kHighest, kMaxReplyWaitMs},
+    };
+    for (const auto& [seconds, ms] : cases)
+        EXPECT_EQ(replyWaitMs(seconds), ms) << seconds;
+}
+
+TEST(ReplyWait, EndsAtTheFirstCarriageReturnOrRunsOutWithWhatCameButNoMore) {
+    ReplyWait wait;
+    QSignalSpy finished(&wait, &ReplyWait::finished);
+    wait.begin(60000);
+    wait.append(QStringLiteral("#"));
+    EXPECT_TRUE(finished.isEmpty());
+    wait.append(QStringLiteral("0\rrest"));
+    ASSERT_EQ(finished.size(), 1);
+    EXPECT_EQ(finished[0][0].toString(), QStringLiteral("#0\rrest"));
+    wait.append(QStringLiteral("late\r"));
+    EXPECT_EQ(finished.size(), 1);
+
+    wait.begin(1);
+    for (int i = 0; i < 100; ++i)
+        wait.append(QString(1000, u'x'));
+    ASSERT_TRUE(finished.wait(5000));
+    EXPECT_EQ(finished[1][0].toString(), QString(kMaxReplyLength, u'x'));
 }
 
 } // namespace
