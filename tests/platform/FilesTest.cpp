@@ -41,6 +41,7 @@ TEST_F(ResolveTest, FindsFilesWhateverTheirCaseAndForm) {
         {"C:" + root.filePath("PLANT/SONS/BELL.WAV").replace('/', '\\'), bell},
         {"JOC.MVW", root.filePath("Plant/joc.mvw")},
         {"Sons\\missing.wav", plant() + "/Sons/missing.wav"},
+        {"", ""},
     };
     for (const auto& [stored, expected] : cases)
         EXPECT_EQ(resolveStoredPath(stored, plant()), expected) << stored;

@@ -110,6 +110,7 @@ TEST(Settings, AppliesTheReadingRules) {
     const std::pair<QByteArray, const char*> cases[] = {
         {"", "CATALA DIL 0  0 50 Si"},
         {"IDIOMA=ESPA\xd1OL", "ESPAÑOL DIL 0  0 50 Si"},
+        {"IDIOMA=espa\xf1ol", "CATALA DIL 0  0 50 Si"},
         {"Model= easy ", "CATALA EASY 0  0 50 Si"},
         {"Port=com1", "CATALA DIL 3  0 50 Si"},
         {"Port=COM4", "CATALA DIL 6  0 50 Si"},

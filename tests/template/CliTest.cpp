@@ -125,7 +125,6 @@ TEST_F(CliTest, PageModelsRoundTrip) {
     const QJsonObject root = info(file("u.mvw"));
     EXPECT_EQ(root.value("PageCount").toInt(), 3);
     EXPECT_EQ(root.value("AreaCount").toInt(), 4);
-    EXPECT_EQ(root.value("SV_velocitat").toInt(), 150);
     EXPECT_EQ(root.value("FitxGraf").toString(), "C:\\PLANTILLES\\lamina.bmp");
     const QJsonArray areas = root.value("Areas").toArray();
     EXPECT_EQ(areas.at(2).toObject().value("Y1").toInt(), -32768);

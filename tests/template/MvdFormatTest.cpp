@@ -125,8 +125,9 @@ TEST(MvdFormat, ExportReadsBackToTheSameAreas) {
 
 TEST(MvdFormat, ExportReportsWhatItCannotHold) {
     using K = MvdLoss::Kind;
-    Area clip = keys("a");
+    Area clip = keys("a"), flags = keys("a");
     clip.Clip = QStringLiteral("x.bmp");
+    flags.Flags = -1;
     const struct {
         Area area;
         MvdLoss::Kind kind;
@@ -145,6 +146,7 @@ TEST(MvdFormat, ExportReportsWhatItCannotHold) {
         {makeArea(255, 2, 3, 4, 1, "a"), K::CoordinateCut, "X0=255", "a"},
         {makeArea(1, 2, 3, -4, 1, "a"), K::CoordinateCut, "Y1=-4", "a"},
         {clip, K::ClipNotStored, "", "a"},
+        {flags, K::ClipNotStored, "", "a"},
     };
     for (const auto& c : cases) {
         const MvdExport exported = writeMvd(templateOf({c.area}));

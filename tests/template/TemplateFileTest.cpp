@@ -78,7 +78,7 @@ TEST_F(FolderTest, AnMvdImportTakesThePictureBesideIt) {
     EXPECT_EQ(t.AreaCount(), 2);
     EXPECT_EQ(saveTemplateAs(t, file("lectura2.mvd")).losses.size(), 1)
         << "FitxGraf names another picture than lectura2";
-    EXPECT_TRUE(saveTemplateAs(t, file("LECTURA.MVD")).losses.isEmpty());
+    EXPECT_TRUE(saveTemplateAs(t, file("lectura.mvd")).losses.isEmpty()) << "names without case";
 
     writeAll(file("lectura.gif"), "GIF89a");
     outcome = openTemplate(t, file("LECTURA.MVD"));
