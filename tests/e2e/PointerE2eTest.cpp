@@ -1,5 +1,5 @@
 #include "X11TestFixture.h"
-#include "support/XEventProbe.h"
+#include "xharness/XEventProbe.h"
 
 #include <X11/Xlib.h>
 #include <cmath>

@@ -6,7 +6,7 @@
 #include "platform/x11/X11Keyboard.h"
 #include "platform/x11/X11Pointer.h"
 #include "platform/x11/X11WindowSystem.h"
-#include "support/XSession.h"
+#include "xharness/XSession.h"
 
 #include <QTemporaryDir>
 #include <functional>

@@ -2,7 +2,7 @@
 
 #include "BenchFiles.h"
 #include "ProcessSample.h"
-#include "support/XEventProbe.h"
+#include "xharness/XEventProbe.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -7,8 +7,8 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Keyboard.h"
 #include "platform/x11/X11WindowSystem.h"
-#include "support/XEventProbe.h"
-#include "support/XSession.h"
+#include "xharness/XEventProbe.h"
+#include "xharness/XSession.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -4,7 +4,7 @@
 #include "support/QtPrinters.h"
 #include "support/TestFiles.h"
 #include "support/Waiting.h"
-#include "support/XSession.h"
+#include "xharness/XSession.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "support/XSession.h"
+#include "xharness/XSession.h"
 
 #include <QElapsedTimer>
 #include <QStandardPaths>

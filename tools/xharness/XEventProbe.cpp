@@ -1,4 +1,4 @@
-#include "support/XEventProbe.h"
+#include "xharness/XEventProbe.h"
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
