@@ -165,7 +165,6 @@ TEST_F(EditorWindowTest, PageFrameAddsANewPageBeforeTheCurrent) {
     EXPECT_EQ(frame->title(), QStringLiteral("Obrir models de pàgina"));
     EXPECT_EQ(frame->nameField()->text(), QStringLiteral("Pàgina nova"));
     EXPECT_TRUE(frame->option(0)->isChecked());
-    saveScreenshot(&window, QStringLiteral("page-frame-ca.png"));
     frame->confirmButton()->click();
     EXPECT_FALSE(frame->isVisible());
     EXPECT_EQ(tmpl.PageCount, 4);
@@ -301,7 +300,6 @@ TEST_F(EditorWindowTest, AreaButtonsBeepAtTheEndsPageButtonsDoNot) {
 
 TEST_F(EditorWindowTest, SpanishAndBackAgain) {
     clickOnSheet({80, 80});
-    saveScreenshot(&window, QStringLiteral("editor-ca.png"));
     switchLanguage(Language::Spanish);
     const QList<QAction*> menus = window.menuBar()->actions();
     ASSERT_GE(menus.size(), 3);
@@ -318,11 +316,9 @@ TEST_F(EditorWindowTest, SpanishAndBackAgain) {
                   ->text(),
               QStringLiteral("Clic derecho"));
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sin nombre)"));
-    saveScreenshot(&window, QStringLiteral("editor-es.png"));
     actions().addPage->trigger();
     EXPECT_EQ(window.pageFrame()->title(), QStringLiteral("Abrir modelos de página"));
     EXPECT_EQ(window.pageFrame()->nameField()->text(), QStringLiteral("Página nueva"));
-    saveScreenshot(&window, QStringLiteral("page-frame-es.png"));
 
     switchLanguage(Language::Catalan);
     EXPECT_EQ(menus[0]->text(), QStringLiteral("&Fitxers"));
@@ -344,7 +340,6 @@ TEST_F(EditorWindowTest, AnOpenDialogFollowsTheLanguage) {
             switchLanguage(Language::Catalan);
             EXPECT_EQ(modal->windowTitle(), QStringLiteral("Subdividir l'àrea"));
             EXPECT_EQ(buttonNamed(modal, QStringLiteral("Acceptar")) != nullptr, true);
-            saveScreenshot(modal, QStringLiteral("grid-dialog-ca.png"));
             qobject_cast<QDialog*>(modal)->reject();
         },
         [this] { actions().subdivide->trigger(); });

@@ -336,31 +336,5 @@ TEST(PlantForm, CaptionsInSpanishAndBackToCatalan) {
     EXPECT_EQ(text(form, "Tecles"), t.Tecles) << "translating keeps what was typed";
 }
 
-TEST(PlantForm, SavesScreenshotsInBothLanguages) {
-    QTemporaryDir dir;
-    ASSERT_TRUE(
-        QFile::copy(test::dataPath("../../data/demo/demo.png"), dir.filePath("granja.png")));
-    Template t = sampleTemplate();
-    t.TemplateFileName = dir.filePath("granja.mvw");
-    t.FitxGraf = QStringLiteral("granja.png");
-    test::FakeWindowSystem windows;
-    QString pathDefault = QStringLiteral("/home/mestre/plantilles");
-    QDir().mkpath(QStringLiteral(MERVAK_SCREENSHOT_DIR));
-    for (const auto& [language, name] : {std::pair{Language::Catalan, "properties-ca.png"},
-                                         std::pair{Language::Spanish, "properties-es.png"}}) {
-        PlantForm form(t, windows, catalogue(), language, &pathDefault);
-        form.show();
-        form.adjustSize();
-        const auto left = [&](const char* name) {
-            return child<QLineEdit>(form, name)->mapTo(&form, QPoint(0, 0)).x();
-        };
-        EXPECT_EQ(left("FitxGraf"), left("TxFinestra")) << name << ": both groups align";
-        EXPECT_EQ(left("FitxGraf"), left("Tecles")) << name;
-        const QImage shot = form.grab().toImage();
-        EXPECT_GE(shot.width(), form.minimumSizeHint().width());
-        EXPECT_TRUE(shot.save(QStringLiteral(MERVAK_SCREENSHOT_DIR "/") + name)) << name;
-    }
-}
-
 } // namespace
 } // namespace mervak

@@ -266,26 +266,6 @@ TEST(SheetExport, ThumbnailKeepsThePictureShapeAndOutlinesTheCurrentPage) {
     EXPECT_TRUE(error.startsWith("No s'ha pogut desar ")) << error;
 }
 
-TEST(SheetExport, PrintsTheDemoSheetWithItsLabels) {
-    Template t;
-    ASSERT_FALSE(loadTemplateFile(test::dataPath("../../data/demo/demo.mvw"), t));
-    QString error;
-    const QImage picture = SheetExport::loadPicture(t, Language::Catalan, &error);
-    ASSERT_FALSE(picture.isNull()) << error;
-    SheetExportOptions options;
-    options.allPages = true;
-    QDir().mkpath(QStringLiteral(MERVAK_SCREENSHOT_DIR));
-    const QString pdf = QStringLiteral(MERVAK_SCREENSHOT_DIR "/sheet-demo.pdf");
-    ASSERT_TRUE(SheetExport::exportPdf(t, picture, options, pdf, Language::Catalan, &error))
-        << error;
-    EXPECT_EQ(pdfInfo(pdf).pages, t.PageCount);
-    const QImage page = render(pdf, 40);
-    EXPECT_TRUE(page.save(QStringLiteral(MERVAK_SCREENSHOT_DIR "/sheet-demo-page1.png")));
-    ASSERT_TRUE(SheetExport::saveThumbnail(t, picture,
-                                           QStringLiteral(MERVAK_SCREENSHOT_DIR "/sheet-mini.png"),
-                                           Language::Catalan, &error));
-}
-
 // Finds the dialog the export has opened, waiting for it to show.
 template <typename D> D* openDialog(const char* objectName = nullptr) {
     for (int tries = 0; tries < 200; ++tries) {
@@ -311,8 +291,6 @@ TEST(SheetExport, MenuCommandAsksForOptionsAndFileInSpanish) {
         for (const QAbstractButton* button : choice->findChildren<QAbstractButton*>())
             captions.append(button->text());
         choice->findChild<QComboBox*>()->setCurrentIndex(1); // A3
-        QDir().mkpath(QStringLiteral(MERVAK_SCREENSHOT_DIR));
-        choice->grab().save(QStringLiteral(MERVAK_SCREENSHOT_DIR "/sheet-export-es.png"));
         for (QPushButton* button : choice->findChildren<QPushButton*>())
             if (button->text() == "Aceptar")
                 button->click();
