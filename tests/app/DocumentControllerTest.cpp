@@ -40,6 +40,14 @@ protected:
             [this] { document.openFile(path); });
     }
 
+    // Picks `file` in the file dialog `modal`, as a person would.
+    static void chooseFile(QWidget* modal, const QString& file) {
+        auto* dialog = qobject_cast<QFileDialog*>(modal);
+        ASSERT_NE(dialog, nullptr);
+        dialog->selectFile(file);
+        QMetaObject::invokeMethod(dialog, "accept");
+    }
+
     QString path;
 };
 
@@ -70,8 +78,7 @@ TEST_F(DocumentControllerTest, YesSavesFirstThroughTheSaveDialog) {
                 poll->stop();
                 EXPECT_EQ(dialog->windowTitle(),
                           QStringLiteral("Enregistrar el fitxer de plantilla"));
-                dialog->selectFile(first);
-                QMetaObject::invokeMethod(dialog, "accept");
+                chooseFile(dialog, first);
             });
             poll->start(10);
         },
@@ -115,14 +122,8 @@ TEST_F(DocumentControllerTest, AnUntitledTemplateSavedElsewhereFindsItsFilesFrom
     tmpl.AppendArea(area);
     QTemporaryDir elsewhere;
     const QString saved = QDir(elsewhere.path()).filePath(QStringLiteral("classe.mvw"));
-    whenModal(
-        [saved](QWidget* modal) {
-            auto* dialog = qobject_cast<QFileDialog*>(modal);
-            ASSERT_NE(dialog, nullptr);
-            dialog->selectFile(saved);
-            QMetaObject::invokeMethod(dialog, "accept");
-        },
-        [this] { EXPECT_TRUE(document.saveAs()); });
+    whenModal([saved](QWidget* modal) { chooseFile(modal, saved); },
+              [this] { EXPECT_TRUE(document.saveAs()); });
     tmpl.NewTemplate();
     ASSERT_TRUE(document.open(saved));
     ASSERT_EQ(workingFolder, elsewhere.path());

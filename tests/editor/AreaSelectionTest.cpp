@@ -47,14 +47,5 @@ TEST(AreaSelection, SelectingByIndex) {
     }
 }
 
-TEST(AreaSelection, PickingOnTheSheetCountsTheRankOnThePage) {
-    Template t = twoPages();
-    EXPECT_EQ(pickArea(t, 4).MsgArea, QStringLiteral("3/3 àrees"));
-    EXPECT_EQ(t.SelectedArea, 4);
-    t.CurrentPage = 2;
-    EXPECT_EQ(pickArea(t, 5),
-              (CounterTexts{QStringLiteral("2/2 àrees"), QStringLiteral("2/2 pàgines")}));
-}
-
 } // namespace
 } // namespace mervak

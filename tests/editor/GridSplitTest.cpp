@@ -107,23 +107,13 @@ TEST(GridSplit, RefusesWithoutSelectionOrGrid) {
 }
 
 TEST(GridSplit, OverflowChangesNothing) {
-    const struct {
-        const char* name;
-        Rect source;
-        int16_t columns, rows;
-    } cases[] = {
-        {"coordinates past 16 bits", {32000, 0, 32767, 10}, 1, 1},
-        {"too many Areas", {0, 0, 30000, 30000}, 200, 200},
-    };
-    for (const auto& c : cases) {
-        Template t = withSource(c.source);
-        if (c.columns == 1) {
-            t.area(2).X1 = 32767;
-            t.area(2).X0 = -32768;
-        }
-        EXPECT_THROW(subdivideSelectedArea(t, c.columns, c.rows), Overflow16) << c.name;
-        EXPECT_EQ(t.AreaCount(), 3) << c.name;
-        EXPECT_EQ(t.SelectedArea, 2) << c.name;
+    Template wide = withSource({-32768, 0, 32767, 10}); // cells past 16 bits
+    EXPECT_THROW(subdivideSelectedArea(wide, 1, 1), Overflow16);
+    Template many = withSource({0, 0, 30000, 30000}); // more Areas than a Template holds
+    EXPECT_THROW(subdivideSelectedArea(many, 200, 200), Overflow16);
+    for (const Template& t : {wide, many}) {
+        EXPECT_EQ(t.AreaCount(), 3);
+        EXPECT_EQ(t.SelectedArea, 2);
     }
 }
 
