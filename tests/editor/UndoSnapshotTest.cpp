@@ -54,12 +54,13 @@ TEST_F(UndoSnapshotTest, UndoAfterLoadingAPageModelKeepsTheUsersName) {
     EXPECT_TRUE(QFile::exists(QDir(home.path()).filePath(QStringLiteral("tmp.mvw"))));
 }
 
-TEST_F(UndoSnapshotTest, ABrokenSnapshotChangesNothing) {
+TEST_F(UndoSnapshotTest, AMissingOrBrokenSnapshotChangesNothing) {
     Template t = userTemplate();
-    test::writeAll(snapshot.snapshotPath(), "garbage");
     const auto error = snapshot.undo(t);
     ASSERT_TRUE(error);
     EXPECT_EQ(error->argument, snapshot.snapshotPath());
+    test::writeAll(snapshot.snapshotPath(), "garbage");
+    ASSERT_TRUE(snapshot.undo(t));
     EXPECT_EQ(t.AreaCount(), 2);
 }
 
