@@ -42,7 +42,7 @@ TEST(WindowTitleMatchTest, ExactTitleElsePrefixFromTheTopOfTheStack) {
         WindowId expected;
     };
     const Case cases[] = {
-        {"Bloc", 2},  {"bloc DE NOTES", 3},
+        {"BLOC", 2},  {"bloc DE NOTES", 3},
         {"àlbum", 4}, {"Bloc de notes - carta llarga", 0},
         {"notes", 0}, {"", 0},
     };
