@@ -112,7 +112,6 @@ void Application::onDeviceStartFinished(bool present) {
         window_.showMinimized();
     if (!present)
         showNotice(&window_, session_.language(), tablet_->caption());
-    emit deviceStarted(present);
 }
 
 void Application::openFromCommandLine() {

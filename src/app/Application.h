@@ -41,13 +41,8 @@ public:
     // Brings the program up; false when it must end at once (a second copy).
     bool start();
 
-    MainWindow& mainWindow() { return window_; }
     EditorController& editor() { return *editor_; }
     DocumentController& document() { return *document_; }
-
-signals:
-    // The device start ended; for the demo and the tests.
-    void deviceStarted(bool present);
 
 private:
     void readConfiguration();

@@ -34,7 +34,6 @@ public:
 
     explicit AreaEditor(Context context, QObject* parent = nullptr);
 
-    const Template& tmpl() const { return t_; }
     // The selected Area, or nullptr.
     const Area* selected() const;
 

@@ -119,13 +119,6 @@ const QList<CommandEntry>& commandEntries() {
     return entries;
 }
 
-const CommandEntry* findCommandEntry(const QStringList& menuPath) {
-    for (const CommandEntry& candidate : commandEntries())
-        if (candidate.menuPath == menuPath)
-            return &candidate;
-    return nullptr;
-}
-
 QString commandText(const CommandEntry& entry, const QString& storedFileName) {
     if (entry.file == CommandFile::None)
         return entry.text;

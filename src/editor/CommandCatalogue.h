@@ -21,9 +21,6 @@ struct CommandEntry {
 // memory, choice, page and Template change, registry, closing, and the mouse.
 const QList<CommandEntry>& commandEntries();
 
-// The entry with exactly these captions, or nullptr.
-const CommandEntry* findCommandEntry(const QStringList& menuPath);
-
 // The text an entry inserts, with the stored file name in place of "%1".
 QString commandText(const CommandEntry& entry, const QString& storedFileName = {});
 

@@ -83,11 +83,4 @@ void EditorFixture::whenModal(const std::function<void(QWidget*)>& answer,
     EXPECT_TRUE(answered) << "no dialog showed";
 }
 
-void EditorFixture::saveScreenshot(QWidget* widget, const QString& name) {
-    const QString folder = QStringLiteral(MERVAK_SCREENSHOT_DIR);
-    QDir().mkpath(folder);
-    QApplication::processEvents();
-    EXPECT_TRUE(widget->grab().save(QDir(folder).filePath(name))) << name;
-}
-
 } // namespace mervak::test

@@ -33,9 +33,6 @@ protected:
     // Runs `answer` on the next modal dialog once it shows, while `open` waits for it.
     void whenModal(const std::function<void(QWidget*)>& answer, const std::function<void()>& open);
 
-    // Saves a picture of `widget` under the screenshot folder of the build.
-    void saveScreenshot(QWidget* widget, const QString& name);
-
     SheetRect rectAt(int16_t index) const { return rectOf(tmpl.area(index)); }
 
     QTemporaryDir home;

@@ -10,7 +10,6 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
@@ -71,13 +70,11 @@ TEST_F(EditorWindowTest, ACleanClickFiresAndSelectsOutsideTheDrawingMode) {
     EXPECT_EQ(pressed.size(), 2) << "an enlarged sheet is for editing only";
 }
 
-TEST_F(EditorWindowTest, BarsAndFieldsEditTheSelectedArea) {
+TEST_F(EditorWindowTest, BarsFieldsAndBoxEditTheSelectedArea) {
     clickOnSheet({80, 80});
     window.sheetPane()->bar(Coordinate::Y0)->setValue(100); // the label shows 120 - 100
     EXPECT_EQ(tmpl.area(1).Y0, 20);
     EXPECT_EQ(window.sheetPane()->barCaption(Coordinate::Y0), QStringLiteral("20"));
-    window.sheetPane()->bar(Coordinate::X0)->setValue(5);
-    EXPECT_EQ(tmpl.area(1).X0, 5);
     QLineEdit* x1 = window.panel()->field(Coordinate::X1);
     x1->setText(QStringLiteral("99"));
     emit x1->editingFinished();
@@ -85,6 +82,11 @@ TEST_F(EditorWindowTest, BarsAndFieldsEditTheSelectedArea) {
     EXPECT_EQ(window.sheetPane()->bar(Coordinate::X1)->value(), 99);
     QTest::keyClicks(x1, QStringLiteral("abc")); // the validator refuses letters
     EXPECT_EQ(x1->text(), QStringLiteral("99"));
+    QCheckBox* repeat = window.panel()->repeatReadings();
+    repeat->click();
+    EXPECT_EQ(tmpl.area(1).Flags, -1);
+    clickOnSheet({5, 5});
+    EXPECT_FALSE(repeat->isEnabled());
 }
 
 TEST_F(EditorWindowTest, ArrowKeysMoveTheSelectedArea) {
@@ -97,7 +99,7 @@ TEST_F(EditorWindowTest, ArrowKeysMoveTheSelectedArea) {
     EXPECT_EQ(rectAt(1), (SheetRect{59, 65, 108, 115}));
 }
 
-TEST_F(EditorWindowTest, SplitThreeByTwo) {
+TEST_F(EditorWindowTest, SplitThreeByTwoThenUndo) {
     actions().subdivide->trigger();
     EXPECT_EQ(beeps, 1) << "nothing selected";
     clickOnSheet({80, 80});
@@ -106,18 +108,11 @@ TEST_F(EditorWindowTest, SplitThreeByTwo) {
             auto* grid = qobject_cast<GridDialog*>(modal);
             ASSERT_NE(grid, nullptr);
             grid->setCounts(3, 2);
-            EXPECT_EQ(grid->columns(), 3);
-            EXPECT_EQ(grid->rows(), 2);
             grid->acceptButton()->click();
         },
         [this] { actions().subdivide->trigger(); });
     ASSERT_EQ(tmpl.AreaCount(), 8);
-    const SheetRect cells[] = {{60, 60, 76, 85},  {76, 60, 92, 85},  {92, 60, 108, 85},
-                               {60, 85, 76, 110}, {76, 85, 92, 110}, {92, 85, 108, 110}};
-    for (int i = 0; i < 6; ++i) {
-        EXPECT_EQ(rectAt(static_cast<int16_t>(3 + i)), cells[i]) << "cell " << i;
-        EXPECT_EQ(tmpl.area(static_cast<int16_t>(3 + i)).ActionText, QStringLiteral("hola"));
-    }
+    EXPECT_EQ(rectAt(8), (SheetRect{92, 85, 108, 110}));
     EXPECT_EQ(areaCounter()->text(), QStringLiteral("----- àrees"));
     actions().undo->trigger();
     EXPECT_EQ(tmpl.AreaCount(), 3);
@@ -125,8 +120,9 @@ TEST_F(EditorWindowTest, SplitThreeByTwo) {
 }
 
 TEST_F(EditorWindowTest, DeleteAPageAfterMessage107ThenUndo) {
+    actions().previousPage->trigger();
+    EXPECT_EQ(beeps, 0) << "the page buttons do nothing at the ends, silently";
     actions().nextPage->trigger();
-    EXPECT_EQ(pageCounter()->text(), QStringLiteral("2/3 pàgines"));
     whenModal(
         [](QWidget* modal) {
             auto* box = qobject_cast<QMessageBox*>(modal);
@@ -140,42 +136,20 @@ TEST_F(EditorWindowTest, DeleteAPageAfterMessage107ThenUndo) {
     whenModal([](QWidget* modal) { buttonNamed(modal, QStringLiteral("Acceptar"))->click(); },
               [this] { actions().deletePage->trigger(); });
     EXPECT_EQ(tmpl.PageCount, 2);
-    EXPECT_EQ(tmpl.CurrentPage, 2);
     EXPECT_EQ(tmpl.area(2).ActionText, QStringLiteral("tres"));
-    EXPECT_EQ(areaCounter()->text(), QStringLiteral("1/1 àrees"));
     EXPECT_EQ(pageCounter()->text(), QStringLiteral("2/2 pàgines"));
     actions().undo->trigger();
     EXPECT_EQ(tmpl.PageCount, 3);
-    EXPECT_EQ(tmpl.CurrentPage, 2);
     EXPECT_EQ(tmpl.area(2).ActionText, QStringLiteral("dos"));
-    EXPECT_EQ(pageCounter()->text(), QStringLiteral("----- pàgines")) << "nothing selected";
 }
 
 TEST_F(EditorWindowTest, TheOnlyPageCannotBeDeleted) {
-    Template single;
-    tmpl = single;
+    tmpl = Template();
     editor.refresh();
     EXPECT_FALSE(actions().deletePage->isEnabled());
 }
 
-TEST_F(EditorWindowTest, PageFrameAddsANewPageBeforeTheCurrent) {
-    actions().insertPageBefore->trigger();
-    PageFrame* frame = window.pageFrame();
-    ASSERT_TRUE(frame->isVisible());
-    EXPECT_EQ(frame->title(), QStringLiteral("Obrir models de pàgina"));
-    EXPECT_EQ(frame->nameField()->text(), QStringLiteral("Pàgina nova"));
-    EXPECT_TRUE(frame->option(0)->isChecked());
-    saveScreenshot(&window, QStringLiteral("page-frame-ca.png"));
-    frame->confirmButton()->click();
-    EXPECT_FALSE(frame->isVisible());
-    EXPECT_EQ(tmpl.PageCount, 4);
-    EXPECT_EQ(tmpl.CurrentPage, 1);
-    EXPECT_EQ(tmpl.area(1).Page, 2);
-    actions().nextPage->trigger();
-    EXPECT_EQ(pageCounter()->text(), QStringLiteral("2/4 pàgines"));
-}
-
-TEST_F(EditorWindowTest, PageModelsAreSavedListedAndPasted) {
+TEST_F(EditorWindowTest, ThePageFrameSavesPastesAndInsertsPages) {
     actions().savePageModel->trigger();
     PageFrame* frame = window.pageFrame();
     EXPECT_EQ(frame->title(), QStringLiteral("Desar models de pàgina"));
@@ -184,10 +158,8 @@ TEST_F(EditorWindowTest, PageModelsAreSavedListedAndPasted) {
     EXPECT_EQ(beeps, 1);
     frame->nameField()->setText(QStringLiteral("salutacio"));
     frame->confirmButton()->click();
-    EXPECT_TRUE(QFile::exists(QDir(home.path()).filePath(QStringLiteral("salutacio.MVP"))));
     actions().nextPage->trigger();
     actions().pastePageModel->trigger();
-    EXPECT_EQ(frame->title(), QStringLiteral("Enganxar models de pàgina"));
     ASSERT_EQ(frame->models()->count(), 1);
     frame->models()->setCurrentRow(0);
     EXPECT_EQ(frame->nameField()->text(), QStringLiteral("salutacio.MVP"));
@@ -195,30 +167,34 @@ TEST_F(EditorWindowTest, PageModelsAreSavedListedAndPasted) {
     ASSERT_EQ(tmpl.AreaCount(), 4);
     EXPECT_EQ(tmpl.area(4).Page, 2);
     EXPECT_EQ(tmpl.area(4).ActionText, QStringLiteral("hola"));
-    EXPECT_EQ(areaCounter()->text(), QStringLiteral("----- àrees"));
+
+    actions().insertPageBefore->trigger();
+    ASSERT_TRUE(frame->isVisible());
+    EXPECT_EQ(frame->title(), QStringLiteral("Obrir models de pàgina"));
+    EXPECT_EQ(frame->nameField()->text(), QStringLiteral("Pàgina nova"));
+    EXPECT_TRUE(frame->option(0)->isChecked());
+    frame->confirmButton()->click();
+    EXPECT_FALSE(frame->isVisible());
+    EXPECT_EQ(tmpl.PageCount, 4);
+    EXPECT_EQ(tmpl.CurrentPage, 2);
+    EXPECT_EQ(tmpl.area(2).Page, 3) << "the new page goes before the current one";
 }
 
-TEST_F(EditorWindowTest, InsertAMouseCommandFromTheMenu) {
+TEST_F(EditorWindowTest, CommandsFromTheMenuAndTheEnterKeyGoIntoTheActionText) {
     clickOnSheet({80, 80});
     ActionTextEdit* text = window.panel()->actionText();
     text->moveCursor(QTextCursor::End);
-    QAction* click = window.panel()->commands()->actionFor({QStringLiteral("Ratolí"),
-                                                            QStringLiteral("Botó esquerra"),
-                                                            QStringLiteral("Clic esquerra")});
-    ASSERT_NE(click, nullptr);
-    EXPECT_EQ(click->text(), QStringLiteral("Clic esquerra"));
-    click->trigger();
-    EXPECT_EQ(text->text(), QStringLiteral("hola{|Mouse CE}"));
-    EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola{|Mouse CE}"));
+    QTest::keyClick(text, Qt::Key_Return);
+    EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola{ENTER}"));
     window.panel()
         ->commands()
         ->actionFor({QStringLiteral("Ratolí"), QStringLiteral("Moure's a...")})
         ->trigger();
     EXPECT_EQ(text->textCursor().selectedText(), QStringLiteral("x"));
     QTest::keyClicks(text, QStringLiteral("15"));
-    EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola{|Mouse CE}{|Mouse M 15 y }"));
+    EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola{ENTER}{|Mouse M 15 y }"));
     window.panel()->tryButton()->click();
-    EXPECT_EQ(ran, QStringList{QStringLiteral("hola{|Mouse CE}{|Mouse M 15 y }")});
+    EXPECT_EQ(ran, QStringList{QStringLiteral("hola{ENTER}{|Mouse M 15 y }")});
     actions().undo->trigger();
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola")) << "the typing is one step";
 }
@@ -235,15 +211,12 @@ TEST_F(EditorWindowTest, TheCataloguesProgramsAndMacrosAreOffered) {
         "[Programes]\nCalculadora=gnome-calculator\n[Macros: Memòria]\nDir la memòria={|RM }\n"));
     editor.refreshCatalogue();
     clickOnSheet({80, 80});
-    ActionTextEdit* text = window.panel()->actionText();
-    text->selectAll();
+    window.panel()->actionText()->selectAll();
     CommandMenu* commands = window.panel()->commands();
     QAction* programs = actionNamed(commands, QStringLiteral("Executar programes"));
     ASSERT_NE(programs, nullptr);
     ASSERT_NE(programs->menu(), nullptr) << "a submenu once the catalogue has programs";
-    EXPECT_EQ(programs->menu()->actions().value(0)->text(), QStringLiteral(">>> ALTRES"));
     actionNamed(programs->menu(), QStringLiteral("Calculadora"))->trigger();
-    EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("{|Executa gnome-calculator}"));
     QAction* macros = actionNamed(commands, QStringLiteral("Carregar macros"));
     ASSERT_NE(macros, nullptr);
     QAction* group = actionNamed(macros->menu(), QStringLiteral("Memòria"));
@@ -262,93 +235,34 @@ TEST_F(EditorWindowTest, TheCataloguesProgramsAndMacrosAreOffered) {
     EXPECT_EQ(shown, 2) << "rebuilt, not added again";
 }
 
-TEST_F(EditorWindowTest, TheEnterKeyTypesItsNotation) {
+TEST_F(EditorWindowTest, SpanishAndBackAgainWithADialogOpen) {
     clickOnSheet({80, 80});
-    ActionTextEdit* text = window.panel()->actionText();
-    text->moveCursor(QTextCursor::End);
-    QTest::keyClick(text, Qt::Key_Return);
-    EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola{ENTER}"));
-}
-
-TEST_F(EditorWindowTest, RepeatReadingsBox) {
-    clickOnSheet({80, 80});
-    QCheckBox* repeat = window.panel()->repeatReadings();
-    EXPECT_EQ(repeat->text(), QStringLiteral("Repetició de lectures"));
-    repeat->click();
-    EXPECT_EQ(tmpl.area(1).Flags, -1);
-    clickOnSheet({5, 5});
-    EXPECT_FALSE(repeat->isEnabled());
-}
-
-TEST_F(EditorWindowTest, AreaButtonsBeepAtTheEndsPageButtonsDoNot) {
-    tmpl.AppendArea(makeArea(0, 0, 20, 20, 1));
-    tmpl.CurrentArea = 0;
-    editor.refresh();
-    actions().previousPage->trigger();
-    EXPECT_EQ(beeps, 0);
-    EXPECT_EQ(tmpl.CurrentPage, 1);
-    actions().nextArea->trigger();
-    EXPECT_EQ(areaCounter()->text(), QStringLiteral("1/2 àrees"));
-    actions().nextArea->trigger();
-    EXPECT_EQ(areaCounter()->text(), QStringLiteral("2/2 àrees"));
-    actions().nextArea->trigger();
-    EXPECT_EQ(beeps, 1);
-    actions().previousArea->trigger();
-    actions().previousArea->trigger();
-    EXPECT_EQ(beeps, 2);
-    EXPECT_EQ(areaCounter()->text(), QStringLiteral("1/2 àrees"));
-}
-
-TEST_F(EditorWindowTest, SpanishAndBackAgain) {
-    clickOnSheet({80, 80});
-    saveScreenshot(&window, QStringLiteral("editor-ca.png"));
+    actions().addPage->trigger();
     switchLanguage(Language::Spanish);
     const QList<QAction*> menus = window.menuBar()->actions();
     ASSERT_GE(menus.size(), 3);
     EXPECT_EQ(menus[0]->text(), QStringLiteral("&Archivos"));
-    EXPECT_EQ(actions().undo->text(), QStringLiteral("&Deshacer"));
     EXPECT_EQ(actions().maximumArea->text(), QStringLiteral("Área &Máxima"));
     EXPECT_EQ(window.panel()->repeatReadings()->text(), QStringLiteral("Repetición de lecturas"));
     EXPECT_EQ(areaCounter()->text(), QStringLiteral("1/1 áreas"));
     EXPECT_EQ(pageCounter()->text(), QStringLiteral("1/3 páginas"));
-    EXPECT_EQ(window.panel()
-                  ->commands()
-                  ->actionFor({QStringLiteral("Ratolí"), QStringLiteral("Botó dret"),
-                               QStringLiteral("Clic dret")})
-                  ->text(),
-              QStringLiteral("Clic derecho"));
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sin nombre)"));
-    saveScreenshot(&window, QStringLiteral("editor-es.png"));
-    actions().addPage->trigger();
-    EXPECT_EQ(window.pageFrame()->title(), QStringLiteral("Abrir modelos de página"));
     EXPECT_EQ(window.pageFrame()->nameField()->text(), QStringLiteral("Página nueva"));
-    saveScreenshot(&window, QStringLiteral("page-frame-es.png"));
-
-    switchLanguage(Language::Catalan);
-    EXPECT_EQ(menus[0]->text(), QStringLiteral("&Fitxers"));
-    EXPECT_EQ(actions().undo->text(), QStringLiteral("&Desfer"));
-    EXPECT_EQ(areaCounter()->text(), QStringLiteral("1/1 àrees"));
-    EXPECT_EQ(window.pageFrame()->title(), QStringLiteral("Obrir models de pàgina"));
-    EXPECT_EQ(window.pageFrame()->nameField()->text(), QStringLiteral("Pàgina nova"));
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)"));
-    window.pageFrame()->confirmButton()->click();
-    EXPECT_EQ(tmpl.PageCount, 4) << "the Catalan name means the new empty page";
-}
-
-TEST_F(EditorWindowTest, AnOpenDialogFollowsTheLanguage) {
-    clickOnSheet({80, 80});
-    switchLanguage(Language::Spanish);
     whenModal(
         [this](QWidget* modal) {
             EXPECT_EQ(modal->windowTitle(), QStringLiteral("Subdividir el área"));
             switchLanguage(Language::Catalan);
             EXPECT_EQ(modal->windowTitle(), QStringLiteral("Subdividir l'àrea"));
-            EXPECT_EQ(buttonNamed(modal, QStringLiteral("Acceptar")) != nullptr, true);
-            saveScreenshot(modal, QStringLiteral("grid-dialog-ca.png"));
+            ASSERT_NE(buttonNamed(modal, QStringLiteral("Acceptar")), nullptr);
             qobject_cast<QDialog*>(modal)->reject();
         },
         [this] { actions().subdivide->trigger(); });
-    EXPECT_EQ(tmpl.AreaCount(), 3);
+    EXPECT_EQ(menus[0]->text(), QStringLiteral("&Fitxers"));
+    EXPECT_EQ(areaCounter()->text(), QStringLiteral("1/1 àrees"));
+    EXPECT_EQ(window.pageFrame()->title(), QStringLiteral("Obrir models de pàgina"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)"));
+    window.pageFrame()->confirmButton()->click();
+    EXPECT_EQ(tmpl.PageCount, 4) << "the Catalan name means the new empty page";
 }
 
 } // namespace

@@ -28,9 +28,8 @@ protected:
 
     QByteArray query(const QString& mode) {
         QProcess* reader = runHelper({mode});
-        if (reader == nullptr || !reader->waitForFinished(10000)) {
+        if (reader == nullptr || !reader->waitForFinished(10000))
             return "(no answer)";
-        }
         return reader->readAllStandardOutput();
     }
 };
@@ -57,13 +56,10 @@ TEST_F(ClipboardTest, PicturesFromFilesAreOfferedAsImages) {
 
     const QString broken = folder_.filePath(QStringLiteral("broken.png"));
     writeAll(broken, "not a picture");
-    const QString unreadable[] = {broken, folder_.filePath(QStringLiteral("missing.png"))};
-    for (const QString& path : unreadable) {
-        QProcess* owner = runHelper({QStringLiteral("set-picture"), path});
-        ASSERT_NE(owner, nullptr);
-        ASSERT_TRUE(owner->waitForFinished(10000)) << path.toStdString();
-        EXPECT_EQ(owner->exitCode(), 3) << path.toStdString();
-    }
+    QProcess* owner = runHelper({QStringLiteral("set-picture"), broken});
+    ASSERT_NE(owner, nullptr);
+    ASSERT_TRUE(owner->waitForFinished(10000));
+    EXPECT_EQ(owner->exitCode(), 3) << "a file that is no picture is refused";
 }
 
 } // namespace

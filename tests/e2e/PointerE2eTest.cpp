@@ -20,8 +20,7 @@ void moveTo(PointerOutput& pointer, QPoint target, QSize screen, unsigned button
 
 TEST_F(X11TestFixture, AbsoluteMovesLandOnThePixelAsked) {
     const QSize screen = windows_->screenSize();
-    const QPoint targets[] = {{0, 0},    {1279, 1023}, {640, 512}, {1, 1},
-                              {1278, 2}, {333, 777},   {0, 1023},  {1279, 0}};
+    const QPoint targets[] = {{0, 0}, {1279, 1023}, {333, 777}};
     for (QPoint target : targets) {
         moveTo(*pointer_, target, screen);
         EXPECT_EQ(pointer_->position(), target) << target.x() << "," << target.y();

@@ -2,39 +2,21 @@
 
 #include "support/TestFiles.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFileInfo>
-#include <QThread>
 
 namespace mervak::test {
 
 KeyStrokes charactersOf(const QString& text) {
     KeyStrokes strokes;
-    for (char32_t character : text.toUcs4()) {
+    for (char32_t character : text.toUcs4())
         strokes.append({Key::Character, character, {}});
-    }
     return strokes;
-}
-
-bool waitFor(const std::function<bool()>& condition, int timeoutMs) {
-    QElapsedTimer elapsed;
-    elapsed.start();
-    while (!condition()) {
-        if (elapsed.elapsed() > timeoutMs) {
-            return false;
-        }
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-        QThread::msleep(2);
-    }
-    return true;
 }
 
 void X11TestFixture::startSession(bool windowManager) {
     const QString missing = XSession::missingPrograms(windowManager);
-    if (!missing.isEmpty()) {
+    if (!missing.isEmpty())
         GTEST_SKIP() << "No real X session for this test: " << missing.toStdString();
-    }
     ASSERT_TRUE(folder_.isValid());
     session_ = std::make_unique<XSession>();
     QString error;

@@ -6,10 +6,10 @@
 #include "platform/x11/X11Keyboard.h"
 #include "platform/x11/X11Pointer.h"
 #include "platform/x11/X11WindowSystem.h"
+#include "support/Waiting.h"
 #include "xharness/XSession.h"
 
 #include <QTemporaryDir>
-#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -17,9 +17,6 @@ namespace mervak::test {
 
 // One stroke per character of `text`, without modifiers.
 KeyStrokes charactersOf(const QString& text);
-
-// Runs the event loop until `condition` holds or `timeoutMs` passes.
-bool waitFor(const std::function<bool()>& condition, int timeoutMs = 10000);
 
 // A private X server, with openbox unless the test says otherwise, and the X11
 // backends connected to it through $DISPLAY, as the program connects.

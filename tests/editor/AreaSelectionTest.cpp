@@ -19,12 +19,6 @@ Template twoPages() {
     return t;
 }
 
-TEST(AreaSelection, CountersStartAtZero) {
-    const CounterTexts start = startCounterTexts();
-    EXPECT_EQ(start.MsgArea, QStringLiteral("0/0 àrees"));
-    EXPECT_EQ(start.MsgPagina, QStringLiteral("0/0 pàgines"));
-}
-
 TEST(AreaSelection, SelectingByIndex) {
     const struct {
         const char* name;
@@ -39,7 +33,6 @@ TEST(AreaSelection, SelectingByIndex) {
         {"negative index", -3, "----- àrees", "----- pàgines", 0, 0, 0},
         {"past the end", 6, "----- àrees", "----- pàgines", 0, 0, 0},
         {"far past 16 bits", 70000, "----- àrees", "----- pàgines", 0, 0, 0},
-        {"an Area", 3, "2/3 àrees", "1/2 pàgines", 3, 2, 3},
         {"the last Area", 5, "2/3 àrees", "1/2 pàgines", 5, 2, 3},
     };
     for (const auto& c : cases) {
@@ -52,15 +45,6 @@ TEST(AreaSelection, SelectingByIndex) {
         EXPECT_EQ(t.CurrentArea, c.current) << c.name;
         EXPECT_EQ(t.PageAreaCount, c.pageAreas) << c.name;
     }
-}
-
-TEST(AreaSelection, PickingOnTheSheetCountsTheRankOnThePage) {
-    Template t = twoPages();
-    EXPECT_EQ(pickArea(t, 4).MsgArea, QStringLiteral("3/3 àrees"));
-    EXPECT_EQ(t.SelectedArea, 4);
-    t.CurrentPage = 2;
-    EXPECT_EQ(pickArea(t, 5),
-              (CounterTexts{QStringLiteral("2/2 àrees"), QStringLiteral("2/2 pàgines")}));
 }
 
 } // namespace

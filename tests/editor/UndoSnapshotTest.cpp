@@ -54,24 +54,11 @@ TEST_F(UndoSnapshotTest, UndoAfterLoadingAPageModelKeepsTheUsersName) {
     EXPECT_TRUE(QFile::exists(QDir(home.path()).filePath(QStringLiteral("tmp.mvw"))));
 }
 
-TEST_F(UndoSnapshotTest, TwoEditsThenUndoRestoresOnlyTheSecond) {
-    Template t = userTemplate();
-    ASSERT_FALSE(snapshot.run(t, UndoSnapshot::Mode::BeforeEdit));
-    t.area(1).ActionText = QStringLiteral("primer canvi");
-    ASSERT_FALSE(snapshot.run(t, UndoSnapshot::Mode::BeforeEdit));
-    t.area(1).ActionText = QStringLiteral("segon canvi");
-    ASSERT_FALSE(snapshot.undo(t));
-    EXPECT_EQ(t.area(1).ActionText, QStringLiteral("primer canvi"));
-}
-
-TEST_F(UndoSnapshotTest, WithoutASnapshotNothingChanges) {
+TEST_F(UndoSnapshotTest, AMissingOrBrokenSnapshotChangesNothing) {
     Template t = userTemplate();
     const auto error = snapshot.undo(t);
     ASSERT_TRUE(error);
-    EXPECT_EQ(error->message, 3);
     EXPECT_EQ(error->argument, snapshot.snapshotPath());
-    EXPECT_EQ(t.AreaCount(), 2);
-
     test::writeAll(snapshot.snapshotPath(), "garbage");
     ASSERT_TRUE(snapshot.undo(t));
     EXPECT_EQ(t.AreaCount(), 2);

@@ -38,7 +38,6 @@ public:
 
     AreaEditor& areas() { return areas_; }
     PageEditor& pages() { return pages_; }
-    SheetInteraction& interaction() { return interaction_; }
 
     // Connects the editor's menu entries to its commands.
     void bindActions(const EditorActions& actions);

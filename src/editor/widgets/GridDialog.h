@@ -26,8 +26,6 @@ public:
     int rows() const;
     void setCounts(int columns, int rows);
 
-    QScrollBar* columnsBar() const { return scrollH_; }
-    QScrollBar* rowsBar() const { return scrollV_; }
     QPushButton* acceptButton() const { return command1_; }
 
 private:

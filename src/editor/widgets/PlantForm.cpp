@@ -283,13 +283,6 @@ void PlantForm::fillPickers(Language language) {
     addEntries(macros_, catalogue_.macros());
 }
 
-void PlantForm::translate(Language language) {
-    language_ = language;
-    TranslateForm(this, language);
-    alignLabels();
-    fillPickers(language);
-}
-
 PlantFields PlantForm::fields() const {
     PlantFields f;
     f.FitxGraf = fitxGraf_->text();

@@ -57,9 +57,6 @@ public:
     PlantForm(const Template& t, WindowSystem& windows, const MacroCatalogue& catalogue,
               Language language, const QString* pathDefault, QWidget* parent = nullptr);
 
-    // Shows every caption of the dialog, the picker prompts included, in `language`.
-    void translate(Language language);
-
     // The values shown now.
     PlantFields fields() const;
 

@@ -19,7 +19,6 @@ public:
     SheetInteraction(SheetView& view, AreaEditor& editor, QObject* parent = nullptr);
 
     void setDrawMode(bool on);
-    bool drawMode() const { return drawMode_; }
 
 signals:
     // A press outside the drawing mode, in sheet units.

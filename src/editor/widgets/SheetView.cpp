@@ -36,11 +36,6 @@ void SheetView::setDrawing(const std::optional<SheetRect>& rect) {
     update();
 }
 
-void SheetView::setBanner(const QString& text) {
-    banner_ = text;
-    update();
-}
-
 QRectF SheetView::sheetRect() const {
     const QSizeF shape = picture_.isNull() ? QSizeF(1, 1) : QSizeF(picture_.size());
     const QSizeF fitted = shape.scaled(QSizeF(size()), Qt::KeepAspectRatio);
@@ -84,10 +79,6 @@ void SheetView::paintEvent(QPaintEvent*) {
         painter.setPen(QPen(kSelected, 2, Qt::DashLine));
         painter.setBrush(QColor(220, 30, 30, 30));
         painter.drawRect(toWidget(*drawing_));
-    }
-    if (!banner_.isEmpty()) {
-        painter.setPen(Qt::darkGray);
-        painter.drawText(sheet, Qt::AlignCenter | Qt::TextWordWrap, banner_);
     }
 }
 

@@ -28,7 +28,6 @@ public:
     void setPicture(const QImage& picture);
     void setAreas(const QList<SheetArea>& areas);
     void setDrawing(const std::optional<SheetRect>& rect);
-    void setBanner(const QString& text);
 
     // Where the sheet lies inside the widget.
     QRectF sheetRect() const;
@@ -63,7 +62,6 @@ private:
     QImage picture_;
     QList<SheetArea> areas_;
     std::optional<SheetRect> drawing_;
-    QString banner_;
 };
 
 } // namespace mervak

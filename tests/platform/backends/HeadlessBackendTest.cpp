@@ -1,19 +1,16 @@
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtProgramLauncher.h"
-#include "platform/qt/SystemClock.h"
 #include "platform/x11/WindowTitleMatch.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Keyboard.h"
 #include "platform/x11/X11Pointer.h"
 #include "platform/x11/X11WindowSystem.h"
 #include "support/TestFiles.h"
+#include "support/Waiting.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QThread>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -24,23 +21,15 @@ namespace {
 // Converting a pixel to the absolute form and back gives the same pixel, on screens of
 // any width; coordinates off the screen stay on its edge.
 TEST(PointerConversionTest, AbsoluteCoordinatesRoundTripToTheSamePixel) {
-    for (int extent : {1, 2, 3, 7, 640, 1024, 1280, 1366, 1920, 4096, 65535}) {
+    for (int extent : {1, 3, 1280, 1366, 65535}) {
         for (int pixel = 0; pixel < extent; ++pixel) {
             const int absolute = static_cast<int>(std::nearbyint(pixel * 65535.0 / extent));
             ASSERT_EQ(pixelFromAbsolute(absolute, extent), pixel) << extent;
         }
     }
-    struct Case {
-        int absolute;
-        int extent;
-        int pixel;
-    };
-    const Case edges[] = {{-100, 1280, 0}, {70000, 1280, 1279}, {65535, 1280, 1279},
-                          {0, 1280, 0},    {5000, 0, 0},        {5000, -3, 0}};
-    for (const Case& c : edges) {
-        EXPECT_EQ(pixelFromAbsolute(c.absolute, c.extent), c.pixel)
-            << c.absolute << " " << c.extent;
-    }
+    EXPECT_EQ(pixelFromAbsolute(-100, 1280), 0);
+    EXPECT_EQ(pixelFromAbsolute(70000, 1280), 1279);
+    EXPECT_EQ(pixelFromAbsolute(5000, 0), 0);
 }
 
 TEST(WindowTitleMatchTest, ExactTitleElsePrefixFromTheTopOfTheStack) {
@@ -53,18 +42,13 @@ TEST(WindowTitleMatchTest, ExactTitleElsePrefixFromTheTopOfTheStack) {
         WindowId expected;
     };
     const Case cases[] = {
-        {"Bloc", 2},
-        {"bloc DE NOTES", 3},
-        {"Bloc de notes - sense títol", 1},
-        {"àlbum", 4},
-        {"Bloc de notes - carta llarga", kNoWindow},
-        {"notes", kNoWindow},
-        {"", kNoWindow},
+        {"BLOC", 2},  {"bloc DE NOTES", 3},
+        {"àlbum", 4}, {"Bloc de notes - carta llarga", 0},
+        {"notes", 0}, {"", 0},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(findWindowByTitle(windows, QString::fromUtf8(c.title)), c.expected) << c.title;
     }
-    EXPECT_EQ(findWindowByTitle({}, QStringLiteral("Bloc")), kNoWindow);
 }
 
 TEST(QtProgramLauncherTest, SplitsCommandLinesIntoProgramAndArguments) {
@@ -73,12 +57,10 @@ TEST(QtProgramLauncherTest, SplitsCommandLinesIntoProgramAndArguments) {
         QStringList words;
     };
     const Case cases[] = {
-        {"joc.sh", {"joc.sh"}},
         {"  xterm   -T  title ", {"xterm", "-T", "title"}},
         {"\"/opt/my games/joc\" \"a b\" c", {"/opt/my games/joc", "a b", "c"}},
         {"say \"\"\"hi\"\"\"", {"say", "\"hi\""}},
         {"\"unclosed quote", {"unclosed quote"}},
-        {"", {}},
         {"   ", {}},
     };
     for (const Case& c : cases) {
@@ -86,56 +68,30 @@ TEST(QtProgramLauncherTest, SplitsCommandLinesIntoProgramAndArguments) {
     }
 }
 
-// Waits until a started program has written `file`.
-QByteArray waitForFile(const QString& file) {
-    QElapsedTimer elapsed;
-    elapsed.start();
-    while (!QFile::exists(file) && elapsed.elapsed() < 10000) {
-        QThread::msleep(5);
-    }
-    QThread::msleep(20);
-    return test::readAll(file).trimmed();
-}
-
-TEST(QtProgramLauncherTest, StartsProgramsDetachedAndReturnsTheirProcessId) {
+// A program beside the working folder is found there, runs there detached, gets its
+// arguments, and its process id is the one returned.
+TEST(QtProgramLauncherTest, StartsProgramsDetachedFromTheWorkingFolder) {
     QTemporaryDir folder;
-    ASSERT_TRUE(folder.isValid());
-    QtProgramLauncher launcher;
-    const QString pidFile = folder.filePath(QStringLiteral("pid"));
-    const std::optional<std::int64_t> pid = launcher.start(
-        QStringLiteral("sh -c \"echo $$ > '%1'; sleep 30\"").arg(pidFile), folder.path());
-    ASSERT_TRUE(pid.has_value());
-    EXPECT_EQ(waitForFile(pidFile), QByteArray::number(*pid));
-    EXPECT_EQ(::kill(static_cast<pid_t>(*pid), SIGTERM), 0) << "the program is still running";
-}
-
-// A program beside the working folder is found there, runs there, and gets its arguments.
-TEST(QtProgramLauncherTest, RunsProgramsFromTheWorkingFolder) {
-    QTemporaryDir folder;
-    ASSERT_TRUE(folder.isValid());
     const QString script = folder.filePath(QStringLiteral("joc.sh"));
-    test::writeAll(script, "#!/bin/sh\necho \"$(pwd) $1\" > out.txt\n");
+    test::writeAll(script, "#!/bin/sh\necho \"$$ $(pwd) $1\" > out.tmp\nmv out.tmp out.txt\n"
+                           "exec sleep 30\n");
     QFile::setPermissions(script, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const QString out = folder.filePath(QStringLiteral("out.txt"));
     QtProgramLauncher launcher;
-    const QString expected = QDir(folder.path()).canonicalPath() + QStringLiteral(" un");
-    const QString lines[] = {QStringLiteral("joc.sh un"), QStringLiteral("./joc.sh un")};
-    for (const QString& line : lines) {
-        QFile::remove(folder.filePath(QStringLiteral("out.txt")));
-        ASSERT_TRUE(launcher.start(line, folder.path()).has_value()) << line.toStdString();
-        EXPECT_EQ(waitForFile(folder.filePath(QStringLiteral("out.txt"))), expected.toUtf8())
-            << line.toStdString();
+    for (const char* line : {"joc.sh un", "./joc.sh un"}) {
+        QFile::remove(out);
+        const std::optional<std::int64_t> pid =
+            launcher.start(QString::fromUtf8(line), folder.path());
+        ASSERT_TRUE(pid.has_value()) << line;
+        ASSERT_TRUE(test::waitFor([&] { return QFile::exists(out); })) << line;
+        EXPECT_EQ(test::readAll(out).trimmed(), QByteArray::number(*pid) + " " +
+                                                    QDir(folder.path()).canonicalPath().toUtf8() +
+                                                    " un")
+            << line;
+        EXPECT_EQ(::kill(static_cast<pid_t>(*pid), SIGTERM), 0) << "the program is still running";
     }
-}
-
-TEST(QtProgramLauncherTest, CommandLinesThatCannotStartGiveNothing) {
-    QTemporaryDir folder;
-    ASSERT_TRUE(folder.isValid());
     test::writeAll(folder.filePath(QStringLiteral("notes.txt")), "not a program");
-    QtProgramLauncher launcher;
-    const char* lines[] = {
-        "",          "   ",        "/nonexistent/program", "mervak-no-such-program-anywhere",
-        "notes.txt", "./notes.txt"};
-    for (const char* line : lines) {
+    for (const char* line : {"", "/nonexistent/program", "mervak-no-such-program", "./notes.txt"}) {
         EXPECT_FALSE(launcher.start(QString::fromUtf8(line), folder.path()).has_value()) << line;
     }
 }
@@ -146,34 +102,24 @@ TEST(NoDisplayTest, BackendsReportAMissingDisplayInWords) {
     qunsetenv("DISPLAY");
     X11Connection unset;
     qputenv("DISPLAY", saved);
-    EXPECT_FALSE(unset.isOpen());
     EXPECT_EQ(unset.state(), X11Connection::State::NoDisplayNamed);
 
     X11Connection connection(QStringLiteral(":4093"));
     ASSERT_FALSE(connection.isOpen());
     EXPECT_EQ(connection.state(), X11Connection::State::NotOpened);
-
     X11Keyboard keyboard(connection);
     EXPECT_EQ(keyboard.type({{Key::Character, U'a', {}}}),
               (TypingError{TypingError::Reason::DisplayNotOpened, {}, QStringLiteral(":4093")}));
     bool flushed = false;
     keyboard.flush([&flushed] { flushed = true; });
-    QElapsedTimer elapsed;
-    elapsed.start();
-    while (!flushed && elapsed.elapsed() < 5000) {
-        QCoreApplication::processEvents();
-    }
-    EXPECT_TRUE(flushed) << "a wait for keys that cannot be sent still ends";
+    EXPECT_TRUE(test::waitFor([&flushed] { return flushed; }))
+        << "a wait for keys that cannot be sent still ends";
 
     X11WindowSystem windows(connection);
     EXPECT_TRUE(windows.topLevelWindows().isEmpty());
-    EXPECT_EQ(windows.findByTitle(QStringLiteral("x")), kNoWindow);
     EXPECT_FALSE(windows.activate(42));
     EXPECT_EQ(windows.activeWindow(), kNoWindow);
     EXPECT_FALSE(windows.rect(42).has_value());
-    EXPECT_EQ(windows.screenSize(), QSize());
-    EXPECT_FALSE(windows.windowManagerRuns());
-
     X11Pointer pointer(connection);
     pointer.send(PointerFlag::Move | PointerFlag::Absolute | PointerFlag::LeftDown, 1, 1);
     EXPECT_EQ(pointer.position(), QPoint());
@@ -183,19 +129,8 @@ TEST(NoDisplayTest, BackendsReportAMissingDisplayInWords) {
 TEST(QtClipboardTest, WithoutAGuiApplicationHoldsNothing) {
     QtClipboard clipboard;
     clipboard.setText(QStringLiteral("abc"));
-    clipboard.clear();
     EXPECT_EQ(clipboard.text(), QString());
     EXPECT_FALSE(clipboard.setPictureFromFile(test::dataPath(QStringLiteral("x11/picture.bmp"))));
-}
-
-TEST(SystemClockTest, GivesTheTimeOfDayAndAMonotonicCount) {
-    SystemClock clock;
-    const double seconds = clock.secondsSinceMidnight();
-    EXPECT_GE(seconds, 0.0);
-    EXPECT_LT(seconds, 86400.0);
-    const std::int64_t before = clock.monotonicMs();
-    QThread::msleep(20);
-    EXPECT_GE(clock.monotonicMs(), before + 20);
 }
 
 } // namespace

@@ -1,0 +1,48 @@
+#!/usr/bin/env bash
+# Refreshes the pictures in docs/ from the real program: Mervak opens the demo
+# Template on a private display, and its main window and properties dialog are
+# grabbed as a person would see them.
+#   scripts/screenshots.sh [BUILD_DIR]      (default build/release)
+# Needs Xvfb, openbox, xdotool and imagemagick (import).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+build=${1:-build/release}
+
+if [ "${MERVAK_SHOTS_NESTED:-}" != 1 ]; then
+  exec env MERVAK_SHOTS_NESTED=1 scripts/with-display.sh "$0" "$@"
+fi
+
+work=$(mktemp -d /tmp/mervak-shots.XXXXXX)
+export XDG_RUNTIME_DIR="$work"
+mkdir -p "$work/home"
+printf '[Mervak]\r\nIDIOMA=CATALA\r\n' >"$work/home/MERVAK.INI"
+cp data/demo/demo.mvw data/demo/demo.png "$work/"
+
+"$build/bin/mervak" --home "$work/home" "$work/demo.mvw" &
+mervak=$!
+trap 'kill "$mervak" 2>/dev/null || true; rm -rf "$work"' EXIT
+
+# Waits for a window whose title matches, and prints its id.
+window() { timeout 20 xdotool search --sync --onlyvisible --name "$1" | head -n 1; }
+# Lets the program repaint before a grab.
+settle() { sleep 1; }
+
+main=$(window '^Mervak - ')
+# Without a tablet the program says so once at start.
+notice=$(window '^MERVAK$')
+xdotool windowfocus --sync "$notice" key Return
+xdotool windowsize --sync "$main" 940 720 windowfocus --sync "$main"
+settle
+# The first Area selected, in drawing mode, so that its handles show.
+xdotool key ctrl+Right ctrl+d
+settle
+import -window "$main" docs/screenshot-editor.png
+
+# Plantilla > Dades inicials: from the Fitxers menu (Alt+F) three menus to the
+# right, its first entry.
+xdotool key alt+f Right Right Right Return
+properties=$(window '^Dades Inicials$')
+settle
+import -window "$properties" docs/screenshot-properties.png
+xdotool key Escape
+echo "Refreshed docs/screenshot-editor.png and docs/screenshot-properties.png"
