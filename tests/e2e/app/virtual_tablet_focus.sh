@@ -15,6 +15,16 @@ cp "$source/data/demo/demo.mvw" "$source/data/demo/demo.png" "$work/"
 xterm -T "Mervak demo" -geometry 40x8+700+40 -e sh -c "stty -icanon -echo min 1; exec tee '$received'" &
 "$bin/mervak" --home "$work/home" "$work/demo.mvw" &
 
+# A window found by name may not be mapped yet: activating it can fail for a moment.
+activate() {
+  for _ in $(seq 50); do
+    xdotool windowactivate --sync "$1" 2>/dev/null && return
+    sleep 0.1
+  done
+  echo "cannot activate window $1" >&2
+  exit 1
+}
+
 wait_for_window() {
   for _ in $(seq 100); do
     id=$(xdotool search --name "$1" 2>/dev/null | head -n 1) && [ -n "$id" ] && { echo "$id"; return; }
@@ -27,12 +37,12 @@ main=$(wait_for_window "^Mervak - ")
 terminal=$(wait_for_window "^Mervak demo$")
 # Without a tablet a message box says so; close it, then show the virtual tablet.
 box=$(wait_for_window "^MERVAK$")
-xdotool windowactivate --sync "$box"
+activate "$box"
 xdotool key --clearmodifiers Return
-xdotool windowactivate --sync "$main"
+activate "$main"
 xdotool key --clearmodifiers F12
 sleep 1
-xdotool windowactivate --sync "$terminal"
+activate "$terminal"
 sleep 0.5
 tablet=$(xdotool search --onlyvisible --classname "mervak" 2>/dev/null | grep -v "^$main$" | while read -r w; do
   [ "$(xdotool getwindowname "$w")" = "Mervak" ] && echo "$w"; done | head -n 1)
