@@ -13,7 +13,7 @@ std::vector<KeySym> keyboardMap(Display* display) {
     int perKeycode = 0;
     XDisplayKeycodes(display, &first, &last);
     KeySym* symbols = XGetKeyboardMapping(display, first, last - first + 1, &perKeycode);
-    std::vector<KeySym> map(symbols, symbols + (last - first + 1) * perKeycode);
+    std::vector<KeySym> map(symbols, symbols + std::ptrdiff_t{last - first + 1} * perKeycode);
     XFree(symbols);
     return map;
 }
