@@ -1,5 +1,4 @@
 #include "SimScript.h"
-#include "TabletResponder.h"
 
 #include <gtest/gtest.h>
 
@@ -47,30 +46,6 @@ TEST(SimulatorScript, ParsesCommandsAndPointsAtWhatIsWrong) {
         EXPECT_EQ(p.step->packet, c.packet) << c.line;
         EXPECT_EQ(p.step->count, c.count) << c.line;
         EXPECT_EQ(p.step->intervalMs, c.intervalMs) << c.line;
-    }
-}
-
-TEST(TabletResponder, AnswersTheHostsCommands) {
-    struct Case {
-        const char* fromHost;
-        QByteArray answer;
-        bool streaming;
-    };
-    const Case cases[] = {
-        {"@Z0\r", "#0\r", false},
-        {"@I\r", TabletResponder::defaultIdentification() + '\r', false},
-        {"@S5=0\r@S6=1\n", "#0\r#0\r", false},
-        {"@X\r", "", true},
-        {"@Z0\r", "#0\r", false},
-        {"@Q\r", "#1\r", false},
-        {"@Z", "", false},
-        {"0\r", "#0\r", false},
-        {"\r\n\r", "", false},
-    };
-    TabletResponder tablet;
-    for (const Case& c : cases) {
-        EXPECT_EQ(tablet.feed(c.fromHost), c.answer) << c.fromHost;
-        EXPECT_EQ(tablet.isStreaming(), c.streaming) << c.fromHost;
     }
 }
 
