@@ -12,6 +12,8 @@ packages=(
   xvfb xauth openbox xterm x11-utils x11-apps xdotool socat imagemagick
   sox espeak-ng pulseaudio poppler-utils
   fonts-dejavu-core
+  scdoc librsvg2-bin lintian desktop-file-utils appstream xdg-utils shared-mime-info libxml2-utils
+  libfile-mimeinfo-perl
 )
 
 missing=()

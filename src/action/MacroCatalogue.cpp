@@ -56,8 +56,8 @@ MacroCatalogue MacroCatalogue::parse(const QString& text) {
     return catalogue;
 }
 
-QString MacroCatalogue::locate(const QString& homeFolder, const QString& programFolder) {
-    for (const QString& folder : {homeFolder, programFolder}) {
+QString MacroCatalogue::locate(const QString& homeFolder, const QString& dataFolder) {
+    for (const QString& folder : {homeFolder, dataFolder}) {
         if (folder.isEmpty())
             continue;
         const QString found = findCaseInsensitive(QDir(folder).filePath(kFileName));

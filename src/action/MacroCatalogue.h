@@ -39,8 +39,8 @@ public:
     static MacroCatalogue parse(const QString& text);
 
     // The catalogue to read: MACROS.INI in `homeFolder` (any letter case),
-    // else the sample shipped in `programFolder`; empty when neither exists.
-    static QString locate(const QString& homeFolder, const QString& programFolder);
+    // else the sample shipped in the program's data folder; empty when neither exists.
+    static QString locate(const QString& homeFolder, const QString& dataFolder);
 
     const QList<CatalogueEntry>& programs() const { return programs_; }
     const QList<CatalogueEntry>& macros() const { return macros_; }

@@ -6,6 +6,7 @@
 #include "editor/widgets/Dialogs.h"
 #include "editor/widgets/PlantForm.h"
 #include "platform/Checked16.h"
+#include "platform/HomeFolder.h"
 #include "platform/Language.h"
 
 #include <QApplication>
@@ -97,8 +98,8 @@ bool Application::start() {
 
 void Application::readConfiguration() {
     session_.settings = readSettings(PrivateProfile(settingsFilePath(session_.homeFolder)));
-    session_.catalogue = MacroCatalogue::read(
-        MacroCatalogue::locate(session_.homeFolder, QApplication::applicationDirPath()));
+    session_.catalogue = MacroCatalogue::read(MacroCatalogue::locate(
+        session_.homeFolder, programDataFolder(QApplication::applicationDirPath())));
     editor_->refreshCatalogue();
     runner_->setLanguage(session_.language());
     translate();

@@ -58,6 +58,12 @@ HomeFolderInputs currentHomeFolderInputs(const QString& homeOption) {
             executableFolder()};
 }
 
+QString programDataFolder(const QString& executableFolder) {
+    const QString installed =
+        QDir::cleanPath(QDir(executableFolder).filePath(QStringLiteral("../share/mervak")));
+    return QFileInfo(installed).isDir() ? installed : executableFolder;
+}
+
 QString executableFolder() {
     return QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
 }

@@ -31,6 +31,12 @@ HomeFolderInputs currentHomeFolderInputs(const QString& homeOption);
 // exists (the command-line tool's "action" makes its own).
 QString executableFolder();
 
+// The program's own data (MACROS.INI, sounds, the demonstration): share/mervak
+// beside the executable's bin folder, as installed under /usr, /usr/local or a
+// build tree, which mirrors that layout; else the executable's own folder, for a
+// portable copy that keeps everything together.
+QString programDataFolder(const QString& executableFolder);
+
 // Why a command line was refused: a Catalan caption with "%1" standing for the
 // argument at fault.
 struct CommandLineError {
