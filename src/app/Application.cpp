@@ -10,6 +10,9 @@
 #include "platform/Language.h"
 
 #include <QApplication>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 
 namespace mervak {
@@ -39,8 +42,9 @@ QString modelPicture(const QString& model) {
 
 } // namespace
 
-Application::Application(const QStringList& arguments, const QString& homeFolder)
-    : arguments_(arguments), session_(homeFolder), keyboard_(x11_), pointer_(x11_), windows_(x11_),
+Application::Application(const QStringList& arguments, const QString& homeFolder, bool locked)
+    : arguments_(arguments), session_(homeFolder), locked_(locked),
+      autostart_(Autostart::currentConfigFolder()), keyboard_(x11_), pointer_(x11_), windows_(x11_),
       sound_(QStringLiteral("No hi ha sortida de so: ")), recovery_(homeFolder),
       targetTracker_(windows_, [this](WindowId window) { return isOwnWindow(window); }) {
     const ActionPlatform platform{keyboard_, windows_, pointer_, clipboard_, launcher_,
@@ -84,6 +88,9 @@ bool Application::start() {
     session_.tmpl.NewTemplate();
     document_->refreshTitle();
     editor_->refresh();
+    if (locked_)
+        window_.lock();
+    window_.setStartAtLoginChecked(autostart_.isSet());
     window_.show();
     if (recovery_.exists())
         startupNotice_ =
@@ -142,6 +149,7 @@ void Application::wireWindow() {
     connect(&window_, &MainWindow::virtualTabletToggled, this, &Application::showVirtualTablet);
     connect(&window_, &MainWindow::activateTargetRequested, this, &Application::activateTarget);
     connect(&window_, &MainWindow::quitRequested, this, &Application::quit);
+    connect(&window_, &MainWindow::startAtLoginToggled, this, &Application::setStartAtLogin);
     connect(&window_, &MainWindow::propertiesRequested, this, &Application::editProperties);
     connect(&window_, &MainWindow::exportSheetRequested, this, [this] {
         SheetExport::exportWithDialog(&window_, session_.tmpl, session_.language(),
@@ -289,8 +297,45 @@ void Application::setStatus(const QString& text) {
 
 // Quitting asks about unsaved changes first.
 void Application::quit() {
-    if (document_->mayDiscardChanges())
+    if (locked_ ? teacherConfirmsClose() : document_->mayDiscardChanges())
         closeProgram();
+}
+
+// A pupil's press types into the pupil's program, never into this dialog, so
+// only someone at the keyboard who knows the word can end a locked session.
+bool Application::teacherConfirmsClose() {
+    const Language language = session_.language();
+    QInputDialog dialog(&window_);
+    dialog.setWindowTitle(QStringLiteral("MERVAK"));
+    dialog.setLabelText(TranslateCaption(language, QStringLiteral("Paraula per tancar:")));
+    dialog.setTextEchoMode(QLineEdit::Password);
+    dialog.setOkButtonText(TranslateCaption(language, QStringLiteral("Acceptar")));
+    dialog.setCancelButtonText(TranslateCaption(language, QStringLiteral("Cancel·lar")));
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    if (dialog.textValue() == session_.settings.closeWord)
+        return true;
+    setStatus(TranslateCaption(language, QStringLiteral("Paraula incorrecta")));
+    return false;
+}
+
+// The entry opens the Template as it is saved now, with this home folder.
+void Application::setStartAtLogin(bool on) {
+    const QFileInfo saved(session_.tmpl.TemplateFileName);
+    std::optional<QString> error;
+    if (!on) {
+        error = autostart_.remove();
+    } else if (!saved.isFile()) {
+        error =
+            TranslateCaption(session_.language(),
+                             QStringLiteral("Deseu la plantilla abans d'iniciar-la amb la sessió"));
+    } else {
+        error = autostart_.set({QApplication::applicationFilePath(), QStringLiteral("--home"),
+                                session_.homeFolder, saved.absoluteFilePath()});
+    }
+    if (error)
+        setStatus(*error);
+    window_.setStartAtLoginChecked(autostart_.isSet());
 }
 
 // A TANCAR command ends the program without asking; unsaved edits are kept in

@@ -10,6 +10,7 @@
 #include "editor/RecoveryFile.h"
 #include "editor/widgets/EditorController.h"
 #include "editor/widgets/SheetExport.h"
+#include "platform/Autostart.h"
 #include "platform/NoAudio.h"
 #include "platform/NoRegistry.h"
 #include "platform/SingleInstance.h"
@@ -34,8 +35,9 @@ namespace mervak {
 class Application : public QObject {
     Q_OBJECT
 public:
-    // `arguments` excludes the program name; `homeFolder` holds MERVAK.INI.
-    Application(const QStringList& arguments, const QString& homeFolder);
+    // `arguments` excludes the program name; `homeFolder` holds MERVAK.INI;
+    // `locked` starts a pupil's session.
+    Application(const QStringList& arguments, const QString& homeFolder, bool locked = false);
     ~Application() override;
 
     // Brings the program up; false when it must end at once (a second copy).
@@ -62,6 +64,8 @@ private:
     void showVirtualTablet(bool shown);
     void setStatus(const QString& text);
     void quit();
+    bool teacherConfirmsClose();
+    void setStartAtLogin(bool on);
     void closeAtOnce();
     void closeProgram();
 
@@ -70,6 +74,8 @@ private:
     Session session_;
     SheetExportOptions exportOptions_;
     bool openedFromCommandLine_ = false;
+    bool locked_ = false;
+    Autostart autostart_;
 
     X11Connection x11_;
     X11Keyboard keyboard_;

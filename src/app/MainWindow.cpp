@@ -78,6 +78,7 @@ void MainWindow::buildMenus() {
 
 void MainWindow::buildFilesMenu() {
     files_ = addCaptionedMenu(QStringLiteral("&Fitxers"));
+    editingMenus_.append(files_);
     connect(addCaptioned(files_, QStringLiteral("&Nou"), QKeySequence::New), &QAction::triggered,
             this, &MainWindow::newRequested);
     connect(addCaptioned(files_, QStringLiteral("&Obrir ..."), QKeySequence::Open),
@@ -97,6 +98,7 @@ void MainWindow::buildFilesMenu() {
 
 void MainWindow::buildAreaMenu() {
     QMenu* area = addCaptionedMenu(QStringLiteral("&Àrea"));
+    editingMenus_.append(area);
     editor_.undo = addCaptioned(area, QStringLiteral("&Desfer"), QKeySequence::Undo);
     area->addSeparator();
     editor_.draw =
@@ -115,6 +117,7 @@ void MainWindow::buildAreaMenu() {
 
 void MainWindow::buildPageMenu() {
     QMenu* page = addCaptionedMenu(QStringLiteral("&Pàgina"));
+    editingMenus_.append(page);
     editor_.previousPage =
         addCaptioned(page, QStringLiteral("Pàgina anterior"), QKeySequence(Qt::Key_PageUp));
     editor_.nextPage =
@@ -139,6 +142,7 @@ void MainWindow::buildTemplateMenus() {
     sound_->setCheckable(true);
     connect(sound_, &QAction::toggled, this, &MainWindow::soundToggled);
     QMenu* sheet = addCaptionedMenu(QStringLiteral("&Làmina"));
+    editingMenus_.append({plantilla, sheet});
     connect(addCaptioned(sheet, QStringLiteral("Desar &làmina"), QKeySequence::Print),
             &QAction::triggered, this, &MainWindow::exportSheetRequested);
     connect(addCaptioned(sheet, QStringLiteral("Desar mini-làmina")), &QAction::triggered, this,
@@ -161,6 +165,9 @@ void MainWindow::buildOptionsMenu() {
     connect(virtualTablet_, &QAction::toggled, this, &MainWindow::virtualTabletToggled);
     connect(addCaptioned(options, QStringLiteral("&Activar aplicació")), &QAction::triggered, this,
             &MainWindow::activateTargetRequested);
+    startAtLogin_ = addCaptioned(options, QStringLiteral("&Iniciar amb la sessió"));
+    startAtLogin_->setCheckable(true);
+    connect(startAtLogin_, &QAction::toggled, this, &MainWindow::startAtLoginToggled);
     options->addSeparator();
     // The language names read the same in either language.
     auto* languages = new QActionGroup(this);
@@ -178,6 +185,7 @@ void MainWindow::buildOptionsMenu() {
 
 void MainWindow::buildToolBar() {
     QToolBar* bar = addToolBar(QString());
+    toolBar_ = bar;
     bar->setObjectName(QStringLiteral("EditorToolBar"));
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
@@ -255,6 +263,36 @@ void MainWindow::setRecentFiles(const QStringList& paths) {
         connect(action, &QAction::triggered, this, [this, path] { emit recentFileChosen(path); });
     }
     recent_->setEnabled(!paths.isEmpty());
+}
+
+void MainWindow::setStartAtLoginChecked(bool checked) {
+    const QSignalBlocker quiet(startAtLogin_);
+    startAtLogin_->setChecked(checked);
+}
+
+namespace {
+
+// A hidden action has no shortcut either, even when a controller enables it later.
+void hideWithSubmenus(QMenu* menu) {
+    for (QAction* action : menu->actions()) {
+        if (QMenu* submenu = action->menu())
+            hideWithSubmenus(submenu);
+        action->setVisible(false);
+    }
+    menu->menuAction()->setVisible(false);
+}
+
+} // namespace
+
+void MainWindow::lock() {
+    for (QMenu* menu : editingMenus_)
+        hideWithSubmenus(menu);
+    startAtLogin_->setVisible(false);
+    toolBar_->hide();
+    toolBar_->toggleViewAction()->setVisible(false);
+    panel_->hide();
+    pane_->hideCoordinateBars();
+    setAcceptDrops(false);
 }
 
 void MainWindow::closeForGood() {

@@ -12,6 +12,7 @@
 
 class QAction;
 class QMenu;
+class QToolBar;
 
 namespace mervak {
 
@@ -40,6 +41,12 @@ public:
     void setSoundChecked(bool checked);
     void setVirtualTabletChecked(bool checked);
     void setRecentFiles(const QStringList& paths);
+    void setStartAtLoginChecked(bool checked);
+
+    // A pupil's session: the menus, tools and panel that edit or open Templates
+    // go, their shortcuts with them; the sheet, the tablet, the view and the
+    // options that serve pressing stay.
+    void lock();
 
     // Closes without asking again: the controller has decided to end.
     void closeForGood();
@@ -55,6 +62,7 @@ signals:
     void languageChosen(Language language);
     void soundToggled(bool on);
     void virtualTabletToggled(bool shown);
+    void startAtLoginToggled(bool on);
     void activateTargetRequested();
     void tabletButtonClicked();
     void aboutRequested();
@@ -87,6 +95,9 @@ private:
     EditorActions editor_;
     QMenu* files_ = nullptr;
     QMenu* recent_ = nullptr;
+    QList<QMenu*> editingMenus_;
+    QToolBar* toolBar_ = nullptr;
+    QAction* startAtLogin_ = nullptr;
     QToolButton* tabletButton_ = nullptr;
     QLabel* modelPicture_ = nullptr;
     QLabel* tabletCaption_ = nullptr; // MsgTaulAct

@@ -47,8 +47,9 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Mervak"));
     QApplication::setApplicationVersion(QStringLiteral(MERVAK_VERSION));
     QDir().mkpath(home);
-    Application mervakApp(
-        line.templatePath.isEmpty() ? QStringList() : QStringList{line.templatePath}, home);
+    Application mervakApp(line.templatePath.isEmpty() ? QStringList()
+                                                      : QStringList{line.templatePath},
+                          home, line.locked);
     if (!mervakApp.start())
         return 1;
     return QApplication::exec();

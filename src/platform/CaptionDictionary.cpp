@@ -21,6 +21,11 @@ constexpr CaptionPair kCaptions[] = {
     {u" Imp.P", u" Imp.P"},
     {u"%", u"%"},
     {u"&Activar aplicació", u"&Activar aplicación"},
+    {u"&Iniciar amb la sessió", u"&Iniciar con la sesión"},
+    {u"Paraula per tancar:", u"Palabra para cerrar:"},
+    {u"Paraula incorrecta", u"Palabra incorrecta"},
+    {u"Deseu la plantilla abans d'iniciar-la amb la sessió",
+     u"Guarde la plantilla antes de iniciarla con la sesión"},
     {u"&Afegir", u"&Añadir"},
     {u"&Ajuda", u"&Ayuda"},
     {u"&Àrea", u"&Área"},
@@ -210,21 +215,25 @@ constexpr CaptionPair kCaptions[] = {
     {u"Falta el text d'accions", u"Falta el texto de acciones"},
     {u"Només hi pot haver un text d'accions; poseu-lo entre cometes si té espais",
      u"Solo puede haber un texto de acciones; póngalo entre comillas si tiene espacios"},
-    {u"Ús: mervak [--home CARPETA] [PLANTILLA]\n"
+    {u"Ús: mervak [--home CARPETA] [--locked] [PLANTILLA]\n"
      u"Obre la PLANTILLA (.mvw o .mvd) i la fa servir amb la tauleta.\n"
      u"\n"
      u"  --home CARPETA  la carpeta de MERVAK.INI i dels models de pàgina; si no\n"
      u"                  s'hi posa, MERVAK_HOME, la carpeta del programa quan hi ha\n"
      u"                  un MERVAK.INI, o $XDG_CONFIG_HOME/mervak\n"
+     u"  --locked        per a la sessió d'un alumne: sense els menús d'edició, i\n"
+     u"                  tancar demana la paraula del mestre (ParaulaTancar)\n"
      u"  --help          aquesta ajuda\n"
      u"  --version       la versió del programa\n"
      u"  --              acaba les opcions: el que segueix és la plantilla\n",
-     u"Uso: mervak [--home CARPETA] [PLANTILLA]\n"
+     u"Uso: mervak [--home CARPETA] [--locked] [PLANTILLA]\n"
      u"Abre la PLANTILLA (.mvw o .mvd) y la usa con la tableta.\n"
      u"\n"
      u"  --home CARPETA  la carpeta de MERVAK.INI y de los modelos de página; si no\n"
      u"                  se indica, MERVAK_HOME, la carpeta del programa cuando hay\n"
      u"                  un MERVAK.INI, o $XDG_CONFIG_HOME/mervak\n"
+     u"  --locked        para la sesión de un alumno: sin los menús de edición, y\n"
+     u"                  cerrar pide la palabra del maestro (ParaulaTancar)\n"
      u"  --help          esta ayuda\n"
      u"  --version       la versión del programa\n"
      u"  --              termina las opciones: lo que sigue es la plantilla\n"},

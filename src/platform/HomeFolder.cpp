@@ -97,12 +97,14 @@ ProgramCommandLine parseProgramCommandLine(const QStringList& arguments,
     const QCommandLineOption home(QStringLiteral("home"), QString(), QStringLiteral("dir"));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QString());
     const QCommandLineOption version(QStringLiteral("version"), QString());
-    parser.addOptions({home, help, version});
+    const QCommandLineOption locked(QStringLiteral("locked"), QString());
+    parser.addOptions({home, help, version, locked});
     ProgramCommandLine line;
     line.error = parseCommandLine(parser, arguments);
     line.homeOption = parser.value(home);
     line.help = parser.isSet(help);
     line.version = parser.isSet(version);
+    line.locked = parser.isSet(locked);
     const QStringList templates = parser.positionalArguments();
     if (!line.error && templates.size() > 1)
         line.error =
@@ -114,12 +116,14 @@ ProgramCommandLine parseProgramCommandLine(const QStringList& arguments,
 
 QString programHelpCaption() {
     return QStringLiteral(
-        "Ús: mervak [--home CARPETA] [PLANTILLA]\n"
+        "Ús: mervak [--home CARPETA] [--locked] [PLANTILLA]\n"
         "Obre la PLANTILLA (.mvw o .mvd) i la fa servir amb la tauleta.\n"
         "\n"
         "  --home CARPETA  la carpeta de MERVAK.INI i dels models de pàgina; si no\n"
         "                  s'hi posa, MERVAK_HOME, la carpeta del programa quan hi ha\n"
         "                  un MERVAK.INI, o $XDG_CONFIG_HOME/mervak\n"
+        "  --locked        per a la sessió d'un alumne: sense els menús d'edició, i\n"
+        "                  tancar demana la paraula del mestre (ParaulaTancar)\n"
         "  --help          aquesta ajuda\n"
         "  --version       la versió del programa\n"
         "  --              acaba les opcions: el que segueix és la plantilla\n");

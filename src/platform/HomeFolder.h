@@ -50,13 +50,14 @@ struct CommandLineError {
 std::optional<CommandLineError> parseCommandLine(QCommandLineParser& parser,
                                                  const QStringList& arguments);
 
-// The program's command line: "--home DIR", "--help", "--version" and at most
+// The program's command line: "--home DIR", "--locked", "--help", "--version" and at most
 // one Template; "--" ends the options.
 struct ProgramCommandLine {
     QString homeOption;
     QString templatePath; // absolute; empty when none was named
     bool help = false;
     bool version = false;
+    bool locked = false; // a pupil's session: no editing, closing asks the teacher's word
     std::optional<CommandLineError> error;
 };
 

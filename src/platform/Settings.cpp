@@ -51,6 +51,10 @@ Settings readSettings(const PrivateProfile& file) {
     settings.interval = interval == 0 ? 0 : 50;
     settings.soundSetting = readText(file, QStringLiteral("So"), QStringLiteral("Si")).toUpper() ==
                             QStringLiteral("SI");
+    // An empty word would let any press of Enter close a pupil's session.
+    const QString closeWord = readText(file, QStringLiteral("ParaulaTancar"), QString()).trimmed();
+    if (!closeWord.isEmpty())
+        settings.closeWord = closeWord;
     return settings;
 }
 

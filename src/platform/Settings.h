@@ -27,6 +27,8 @@ struct Settings {
     int32_t retardPort = 0;
     int16_t interval = 50; // every non-zero value reads as 50 (kept on purpose)
     bool soundSetting = true;
+    // What the teacher types to close a locked session ("ParaulaTancar").
+    QString closeWord = QStringLiteral("mervak");
 };
 
 QString settingsFilePath(const QString& homeFolder);

@@ -94,7 +94,7 @@ TEST(PrivateProfileFile, GarbageReadsAsDefaults) {
 }
 
 // The settings a MERVAK.INI with this line in section [Mervak] gives, as
-// "language model port device retard interval sound".
+// "language model port device retard interval sound closeword".
 QString readFrom(const QByteArray& line) {
     QTemporaryDir dir;
     test::writeAll(dir.filePath("MERVAK.INI"), "[Mervak]\r\n" + line + "\r\n");
@@ -102,30 +102,32 @@ QString readFrom(const QByteArray& line) {
     return QStringList{languageSettingValue(s.language), s.model,
                        QString::number(s.portIndex),     s.portDevice,
                        QString::number(s.retardPort),    QString::number(s.interval),
-                       s.soundSetting ? "Si" : "No"}
+                       s.soundSetting ? "Si" : "No",     s.closeWord}
         .join(u' ');
 }
 
 TEST(Settings, AppliesTheReadingRules) {
     const std::pair<QByteArray, const char*> cases[] = {
-        {"", "CATALA DIL 0  0 50 Si"},
-        {"IDIOMA=ESPA\xd1OL", "ESPAÑOL DIL 0  0 50 Si"},
-        {"IDIOMA=espa\xf1ol", "CATALA DIL 0  0 50 Si"},
-        {"Model= easy ", "CATALA EASY 0  0 50 Si"},
-        {"Port=com1", "CATALA DIL 3  0 50 Si"},
-        {"Port=COM4", "CATALA DIL 6  0 50 Si"},
-        {"Port=LPT2", "CATALA DIL 2  0 50 Si"},
-        {"Port=COM5", "CATALA DIL 0  0 50 Si"},
-        {"Port=/dev/ttyUSB0", "CATALA DIL 0 /dev/ttyUSB0 0 50 Si"},
+        {"", "CATALA DIL 0  0 50 Si mervak"},
+        {"IDIOMA=ESPA\xd1OL", "ESPAÑOL DIL 0  0 50 Si mervak"},
+        {"IDIOMA=espa\xf1ol", "CATALA DIL 0  0 50 Si mervak"},
+        {"Model= easy ", "CATALA EASY 0  0 50 Si mervak"},
+        {"Port=com1", "CATALA DIL 3  0 50 Si mervak"},
+        {"Port=COM4", "CATALA DIL 6  0 50 Si mervak"},
+        {"Port=LPT2", "CATALA DIL 2  0 50 Si mervak"},
+        {"Port=COM5", "CATALA DIL 0  0 50 Si mervak"},
+        {"Port=/dev/ttyUSB0", "CATALA DIL 0 /dev/ttyUSB0 0 50 Si mervak"},
         {"Port=/dev/serial/by-id/usb-Prolific_Technology_Inc._USB-Serial-if00-port0",
          "CATALA DIL 0 /dev/serial/by-id/usb-Prolific_Technology_Inc._USB-Serial-if00-port0 0 50 "
-         "Si"},
-        {"RetardPort=100000", "CATALA DIL 0  100000 50 Si"},
-        {"Interval=200", "CATALA DIL 0  0 50 Si"},
-        {"Interval=0", "CATALA DIL 0  0 0 Si"},
-        {"Interval=abc", "CATALA DIL 0  0 0 Si"},
-        {"So=no", "CATALA DIL 0  0 50 No"},
-        {"So=si", "CATALA DIL 0  0 50 Si"},
+         "Si mervak"},
+        {"RetardPort=100000", "CATALA DIL 0  100000 50 Si mervak"},
+        {"Interval=200", "CATALA DIL 0  0 50 Si mervak"},
+        {"Interval=0", "CATALA DIL 0  0 0 Si mervak"},
+        {"Interval=abc", "CATALA DIL 0  0 0 Si mervak"},
+        {"So=no", "CATALA DIL 0  0 50 No mervak"},
+        {"So=si", "CATALA DIL 0  0 50 Si mervak"},
+        {"ParaulaTancar= Sol ", "CATALA DIL 0  0 50 Si Sol"},
+        {"ParaulaTancar=", "CATALA DIL 0  0 50 Si mervak"},
     };
     for (const auto& [line, settings] : cases)
         EXPECT_EQ(readFrom(line), QString::fromUtf8(settings)) << line.data();

@@ -1,3 +1,4 @@
+#include "platform/Autostart.h"
 #include "platform/HomeFolder.h"
 #include "platform/SingleInstance.h"
 #include "support/TestFiles.h"
@@ -57,6 +58,7 @@ TEST(HomeFolder, TheProgramsCommandLine) {
     }
     EXPECT_TRUE(parseProgramCommandLine({"mervak", "--help"}, "/cwd").help);
     EXPECT_TRUE(parseProgramCommandLine({"mervak", "--version"}, "/cwd").version);
+    EXPECT_TRUE(parseProgramCommandLine({"mervak", "--locked", "a.mvw"}, "/cwd").locked);
 }
 
 TEST(SingleInstance, ASecondCopyIsRefusedUntilTheFirstEnds) {
@@ -84,6 +86,22 @@ TEST(SingleInstance, TheLockOfACopyThatDiedIsTakenOver) {
     ASSERT_EQ(WEXITSTATUS(status), 0);
     SingleInstance next(runtime.path());
     EXPECT_TRUE(next.acquire());
+}
+
+// Set with the quoting of desktop entries, and removed the same way.
+TEST(Autostart, WritesAnEntryThatRunsTheTemplateAndRemovesIt) {
+    QTemporaryDir config;
+    const Autostart autostart(config.path());
+    EXPECT_FALSE(autostart.isSet());
+    const QStringList command{"/usr/bin/mervak", "--home", "/home/u/.config/mervak",
+                              "/home/u/Fulls de 5%/\"a\" $x\\y.mvw"};
+    ASSERT_FALSE(autostart.set(command));
+    const QByteArray entry = test::readAll(autostart.entryPath());
+    EXPECT_TRUE(entry.contains("Exec=/usr/bin/mervak --home /home/u/.config/mervak "
+                               "\"/home/u/Fulls de 5%%/\\\\\"a\\\\\" \\\\$x\\\\\\\\y.mvw\"\n"))
+        << entry.constData();
+    ASSERT_FALSE(autostart.remove());
+    EXPECT_FALSE(autostart.isSet());
 }
 
 } // namespace

@@ -47,6 +47,11 @@ SheetPane::CoordinateBar SheetPane::makeBar(Coordinate which, const char* name, 
     return coordinate;
 }
 
+void SheetPane::hideCoordinateBars() {
+    for (QWidget* child : findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        child->setVisible(child == scroll_);
+}
+
 void SheetPane::buildBars() {
     bars_ = {makeBar(Coordinate::X0, "ScrollX0", false), makeBar(Coordinate::X1, "scrollx1", false),
              makeBar(Coordinate::Y0, "ScrollY0", true), makeBar(Coordinate::Y1, "ScrollY1", true)};

@@ -30,6 +30,9 @@ public:
     void showArea(const Area* area);
 
     // Zoom: 1 fits the sheet into the pane; larger values enlarge it and let it scroll.
+    // Leaves only the sheet: a pupil's session edits no coordinates.
+    void hideCoordinateBars();
+
     void zoomIn();
     void zoomOut();
     void zoomToFit();
