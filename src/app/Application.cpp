@@ -162,6 +162,8 @@ void Application::wireWindow() {
     connect(&virtualTablet_, &VirtualTablet::visibilityChanged, this, [this](bool shown) {
         tablet_->setVirtualTabletShown(shown);
         window_.setVirtualTabletChecked(shown);
+        if (!shown)
+            keepVirtualTabletPlace();
     });
     connect(dispatcher_.get(), &PressDispatcher::virtualPressPending, &virtualTablet_,
             &VirtualTablet::showBusy);
@@ -170,6 +172,8 @@ void Application::wireWindow() {
             windows_.activeWindow() != session_.actionState.TargetWindow)
             windows_.activate(session_.actionState.TargetWindow);
     });
+    connect(dispatcher_.get(), &PressDispatcher::reclaimTargetFocusRequested, this,
+            [this] { targetTracker_.reclaimFocus(session_.actionState.TargetWindow); });
     connect(dispatcher_.get(), &PressDispatcher::problem, this, &Application::setStatus);
     connect(tablet_.get(), &TabletControl::stateChanged, &window_, &MainWindow::setTabletState);
     connect(tablet_.get(), &TabletControl::startFinished, this,
@@ -277,9 +281,22 @@ bool Application::isOwnWindow(WindowId window) const {
 
 void Application::showVirtualTablet(bool shown) {
     if (shown)
-        virtualTablet_.show();
+        virtualTablet_.showAt(session_.settings.virtualTabletPlace, window_);
     else
         virtualTablet_.hide();
+}
+
+// Where the user left the virtual tablet, for the next time it shows, in this
+// run or the next.
+void Application::keepVirtualTabletPlace() {
+    const QRect place = virtualTablet_.place();
+    if (place == session_.settings.virtualTabletPlace)
+        return;
+    session_.settings.virtualTabletPlace = place;
+    QString error;
+    if (!writeVirtualTabletPlace(PrivateProfile(settingsFilePath(session_.homeFolder)), place,
+                                 &error))
+        setStatus(error);
 }
 
 void Application::setStatus(const QString& text) {

@@ -3,6 +3,7 @@
 #include "platform/Language.h"
 #include "platform/PrivateProfile.h"
 
+#include <QRect>
 #include <QString>
 #include <cstdint>
 
@@ -27,6 +28,8 @@ struct Settings {
     int32_t retardPort = 0;
     int16_t interval = 50; // every non-zero value reads as 50 (kept on purpose)
     bool soundSetting = true;
+    // Where the user last left the virtual tablet, in screen pixels; null until then.
+    QRect virtualTabletPlace;
 };
 
 QString settingsFilePath(const QString& homeFolder);
@@ -35,6 +38,10 @@ Settings readSettings(const PrivateProfile& file);
 
 // The language menu's choice, stored as key "Idioma".
 bool writeLanguage(const PrivateProfile& file, Language language, QString* error = nullptr);
+
+// The virtual tablet's place, stored as key "TeclatAuxiliar": "left top width height".
+bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place,
+                             QString* error = nullptr);
 
 // The serial device a port index or path names: COM1..COM4 are /dev/ttyS0..3;
 // empty for auto-detect and the parallel ports.
