@@ -1,6 +1,6 @@
 #include "app/Application.h"
 
-#include "action/SendKeysParser.h"
+#include "action/KeysPreview.h"
 #include "devices/QtSerialLink.h"
 #include "editor/widgets/Captions.h"
 #include "editor/widgets/Dialogs.h"
@@ -57,10 +57,10 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
     });
     const auto status = [this](const QString& text) { setStatus(text); };
     editor_ = std::make_unique<EditorController>(
-        EditorController::Context{
-            session_, [] { QApplication::beep(); },
-            [this](const QString& text) { runner_->SendActionText(text); },
-            [](const QString& text) { return SendKeysParser::PlainKeys(text); }, status},
+        EditorController::Context{session_, [] { QApplication::beep(); },
+                                  [this](const QString& text) { runner_->SendActionText(text); },
+                                  [](const QString& text) { return KeysPreview::of(text).text; },
+                                  status},
         EditorController::Views{window_, *window_.sheetPane(), *window_.panel(),
                                 *window_.pageFrame()});
     document_ = std::make_unique<DocumentController>(
