@@ -82,9 +82,10 @@ constexpr MessageRow kRows[] = {
      u"ninguna tecla del teclado da el modificador %1"},
     {ActionProblem::FileNotFound, 15, {}, {}},
     {ActionProblem::FileNotRead, 3, {}, {}},
+    {ActionProblem::NotationError, kOwnText, u"Al caràcter %2 %1", u"En el carácter %2 %1"},
 };
 
-static_assert(std::size(kRows) == static_cast<std::size_t>(ActionProblem::FileNotRead) + 1,
+static_assert(std::size(kRows) == static_cast<std::size_t>(ActionProblem::NotationError) + 1,
               "one row for every problem");
 
 QString textOf(Language language, const MessageRow& row) {
@@ -167,6 +168,12 @@ QString keysErrorMessage(Language language, const SendKeysError& error, const QS
     const QString what = actionMessage(language, problemOf(error.kind), {error.detail});
     return actionMessage(language, ActionProblem::KeysNotRead,
                          {keys, what, QString::number(error.position + 1)});
+}
+
+QString notationErrorMessage(Language language, const SendKeysError& error) {
+    const QString what = actionMessage(language, problemOf(error.kind), {error.detail});
+    return actionMessage(language, ActionProblem::NotationError,
+                         {what, QString::number(error.position + 1)});
 }
 
 QString typingErrorMessage(Language language, const TypingError& error) {

@@ -37,6 +37,7 @@ enum class ActionProblem {
     NoModifierKey,     // %1 the modifier
     FileNotFound,      // %1 the path
     FileNotRead,       // %1 the path
+    NotationError,     // %1 what is wrong, %2 the 1-based character
 };
 
 // The text of the problem in the language, its "%n" filled from `arguments`.
@@ -44,6 +45,9 @@ QString actionMessage(Language language, ActionProblem problem, const QStringLis
 
 // The whole status line of a key run that could not be read.
 QString keysErrorMessage(Language language, const SendKeysError& error, const QString& keys);
+
+// What is wrong with an ActionText as it is typed, and where.
+QString notationErrorMessage(Language language, const SendKeysError& error);
 
 // The whole status line of keys the keyboard could not type.
 QString typingErrorMessage(Language language, const TypingError& error);

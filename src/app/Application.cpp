@@ -1,6 +1,6 @@
 #include "app/Application.h"
 
-#include "action/SendKeysParser.h"
+#include "action/KeysPreview.h"
 #include "devices/QtSerialLink.h"
 #include "editor/widgets/Captions.h"
 #include "editor/widgets/Dialogs.h"
@@ -62,10 +62,10 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
     });
     const auto status = [this](const QString& text) { setStatus(text); };
     editor_ = std::make_unique<EditorController>(
-        EditorController::Context{
-            session_, [] { QApplication::beep(); },
-            [this](const QString& text) { runner_->SendActionText(text); },
-            [](const QString& text) { return SendKeysParser::PlainKeys(text); }, status},
+        EditorController::Context{session_, [] { QApplication::beep(); },
+                                  [this](const QString& text) { runner_->SendActionText(text); },
+                                  [](const QString& text) { return KeysPreview::of(text).text; },
+                                  status},
         EditorController::Views{window_, *window_.sheetPane(), *window_.panel(),
                                 *window_.pageFrame()});
     document_ = std::make_unique<DocumentController>(
@@ -171,6 +171,8 @@ void Application::wireWindow() {
     connect(&virtualTablet_, &VirtualTablet::visibilityChanged, this, [this](bool shown) {
         tablet_->setVirtualTabletShown(shown);
         window_.setVirtualTabletChecked(shown);
+        if (!shown)
+            keepVirtualTabletPlace();
     });
     connect(dispatcher_.get(), &PressDispatcher::virtualPressPending, &virtualTablet_,
             &VirtualTablet::showBusy);
@@ -179,6 +181,8 @@ void Application::wireWindow() {
             windows_.activeWindow() != session_.actionState.TargetWindow)
             windows_.activate(session_.actionState.TargetWindow);
     });
+    connect(dispatcher_.get(), &PressDispatcher::reclaimTargetFocusRequested, this,
+            [this] { targetTracker_.reclaimFocus(session_.actionState.TargetWindow); });
     connect(dispatcher_.get(), &PressDispatcher::problem, this, &Application::setStatus);
     connect(tablet_.get(), &TabletControl::stateChanged, &window_, &MainWindow::setTabletState);
     connect(tablet_.get(), &TabletControl::startFinished, this,
@@ -286,9 +290,22 @@ bool Application::isOwnWindow(WindowId window) const {
 
 void Application::showVirtualTablet(bool shown) {
     if (shown)
-        virtualTablet_.show();
+        virtualTablet_.showAt(session_.settings.virtualTabletPlace, window_);
     else
         virtualTablet_.hide();
+}
+
+// Where the user left the virtual tablet, for the next time it shows, in this
+// run or the next.
+void Application::keepVirtualTabletPlace() {
+    const QRect place = virtualTablet_.place();
+    if (place == session_.settings.virtualTabletPlace)
+        return;
+    session_.settings.virtualTabletPlace = place;
+    QString error;
+    if (!writeVirtualTabletPlace(PrivateProfile(settingsFilePath(session_.homeFolder)), place,
+                                 &error))
+        setStatus(error);
 }
 
 void Application::setStatus(const QString& text) {

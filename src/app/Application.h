@@ -62,6 +62,7 @@ private:
     QString targetTitle() const;
     bool isOwnWindow(WindowId window) const;
     void showVirtualTablet(bool shown);
+    void keepVirtualTabletPlace();
     void setStatus(const QString& text);
     void quit();
     bool teacherConfirmsClose();

@@ -1,8 +1,40 @@
 #include "app/VirtualTablet.h"
 
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace mervak {
+
+namespace {
+
+constexpr int kSide = 360;
+// Narrower than this beside the main window, the sheet is too small to press.
+constexpr int kNarrowestBeside = 240;
+// A stored place is used while this much of it is on the screen.
+constexpr int kVisibleEnough = 80;
+// Room for the window manager's title bar and borders, unknown before the
+// window first shows.
+constexpr int kFrameAllowance = 40;
+
+// Where the tablet opens without a place of the user's: beside the main window
+// when there is room, else in the lower right corner of `screen` (the room on
+// the screen), below the main window's menus and toolbar, which end at
+// `headerBottom`. `mainFrame` is the main window with its frame.
+QRect defaultPlace(const QRect& screen, const QRect& mainFrame, int headerBottom) {
+    const int roomBeside = screen.right() - mainFrame.right() - kFrameAllowance;
+    if (roomBeside >= kNarrowestBeside) {
+        const int side = std::min(kSide, roomBeside);
+        return {mainFrame.right() + 1, std::max(screen.top(), mainFrame.top()), side, side};
+    }
+    QRect place(0, 0, kSide, kSide);
+    place.moveBottomRight(screen.bottomRight() - QPoint(kFrameAllowance, kFrameAllowance));
+    const bool besideHeader = place.left() > mainFrame.right() || place.right() < mainFrame.left();
+    if (!besideHeader && place.top() <= headerBottom)
+        place.moveTop(headerBottom + 1);
+    return place;
+}
+
+} // namespace
 
 VirtualTablet::VirtualTablet(QWidget* parent)
     : QWidget(parent, Qt::Tool | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint),
@@ -13,7 +45,7 @@ VirtualTablet::VirtualTablet(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(sheet_);
-    resize(360, 360);
+    resize(kSide, kSide);
     connect(sheet_, &SheetView::pressed, this, &VirtualTablet::pressed);
 }
 
@@ -22,6 +54,24 @@ void VirtualTablet::showBusy(bool busy) {
         setCursor(Qt::WaitCursor);
     else
         unsetCursor();
+}
+
+void VirtualTablet::showAt(const QRect& place, const QMainWindow& mainWindow) {
+    const QRect room = mainWindow.screen()->availableGeometry();
+    const QRect seen = place.intersected(room);
+    QRect chosen = place;
+    if (place.isNull() || seen.width() < kVisibleEnough || seen.height() < kVisibleEnough) {
+        const int headerBottom = mainWindow.centralWidget()->mapToGlobal(QPoint(0, 0)).y() - 1;
+        chosen = defaultPlace(room, mainWindow.frameGeometry(), headerBottom);
+    }
+    // move() places the window manager's frame, resize() the inside.
+    move(chosen.topLeft());
+    resize(chosen.size());
+    show();
+}
+
+QRect VirtualTablet::place() const {
+    return {pos(), size()};
 }
 
 void VirtualTablet::showEvent(QShowEvent* event) {

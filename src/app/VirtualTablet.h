@@ -2,7 +2,7 @@
 
 #include "editor/widgets/SheetView.h"
 
-#include <QWidget>
+#include <QMainWindow>
 
 namespace mervak {
 
@@ -17,6 +17,13 @@ public:
 
     // The hourglass shown between a click and its dispatch.
     void showBusy(bool busy);
+
+    // Shows the tablet at `place` (as place() gives it) while enough of that is on
+    // the screen; else beside `mainWindow`, or in the screen's lower right corner
+    // when there is no room beside it, never over its menus and toolbar.
+    void showAt(const QRect& place, const QMainWindow& mainWindow);
+    // Where the tablet is: its frame's corner and the size inside the frame.
+    QRect place() const;
 
 signals:
     void pressed(QPointF sheetPoint);

@@ -137,7 +137,7 @@ void PressDispatcher::tick() {
 }
 
 void PressDispatcher::virtualTabletTick() {
-    emit refocusTargetRequested();
+    emit reclaimTargetFocusRequested();
     if (virtualX_ != -1) {
         hooks_.beep();
         const int16_t x = virtualX_;

@@ -65,8 +65,10 @@ signals:
     void problem(const QString& message);
     // The virtual tablet's busy pointer goes on with a click and off with its dispatch.
     void virtualPressPending(bool pending);
-    // Focus goes back to the target on every virtual-tablet tick.
+    // A click on the virtual tablet gives the focus to the target.
     void refocusTargetRequested();
+    // Every virtual-tablet tick gives it back to the target if another program took it.
+    void reclaimTargetFocusRequested();
     // Drawing an Area with the pen.
     void drawWithDevice(int16_t x, int16_t y, mervak::DrawPhase phase);
 

@@ -56,6 +56,13 @@ QList<CommandEntry> keyEntries() {
         entry({kKeys, "Signe +"}, "{+}"),
         entry({kKeys, "Signe %"}, "{%}"),
         entry({kKeys, "Signe ^"}, "{^}"),
+        entry({kKeys, "Signe ~"}, "{~}"),
+        entry({kKeys, "Parèntesi ("}, "{(}"),
+        entry({kKeys, "Parèntesi )"}, "{)}"),
+        entry({kKeys, "Clau {"}, "{{}"),
+        entry({kKeys, "Clau }"}, "{}}"),
+        entry({kKeys, "Claudàtor ["}, "{[}"),
+        entry({kKeys, "Claudàtor ]"}, "{]}"),
     };
     return keys;
 }

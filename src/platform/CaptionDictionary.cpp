@@ -477,6 +477,15 @@ constexpr CaptionPair kCaptions[] = {
     {u"Signe +", u"Signo +"},
     {u"Signe %", u"Signo %"},
     {u"Signe ^", u"Signo ^"},
+    // What an ActionText types, and the signs the notation reserves, typed literally.
+    {u"El que rebrà l'aplicació", u"Lo que recibirá la aplicación"},
+    {u"Signe ~", u"Signo ~"},
+    {u"Parèntesi (", u"Paréntesis ("},
+    {u"Parèntesi )", u"Paréntesis )"},
+    {u"Clau {", u"Llave {"},
+    {u"Clau }", u"Llave }"},
+    {u"Claudàtor [", u"Corchete ["},
+    {u"Claudàtor ]", u"Corchete ]"},
 };
 
 const QHash<QString, QString>& spanishCaptions() {

@@ -32,6 +32,23 @@ void readPort(const PrivateProfile& file, Settings& settings) {
             settings.portIndex = static_cast<int16_t>(i + 1);
 }
 
+const QString kVirtualTabletKey = QStringLiteral("TeclatAuxiliar");
+
+// Four integers, or a null rectangle when the value is not that.
+QRect placeFromText(const QString& text) {
+    const QStringList parts = text.split(u' ', Qt::SkipEmptyParts);
+    if (parts.size() != 4)
+        return {};
+    int numbers[4] = {};
+    for (int i = 0; i < 4; ++i) {
+        bool ok = false;
+        numbers[i] = parts[i].toInt(&ok);
+        if (!ok)
+            return {};
+    }
+    return {numbers[0], numbers[1], numbers[2], numbers[3]};
+}
+
 } // namespace
 
 QString settingsFilePath(const QString& homeFolder) {
@@ -55,12 +72,22 @@ Settings readSettings(const PrivateProfile& file) {
     const QString closeWord = readText(file, QStringLiteral("ParaulaTancar"), QString()).trimmed();
     if (!closeWord.isEmpty())
         settings.closeWord = closeWord;
+    settings.virtualTabletPlace = placeFromText(readText(file, kVirtualTabletKey, QString()));
     return settings;
 }
 
 bool writeLanguage(const PrivateProfile& file, Language language, QString* error) {
     return file.writeString(kSection, QStringLiteral("Idioma"), languageSettingValue(language),
                             error);
+}
+
+bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place, QString* error) {
+    const QString text = QStringLiteral("%1 %2 %3 %4")
+                             .arg(place.left())
+                             .arg(place.top())
+                             .arg(place.width())
+                             .arg(place.height());
+    return file.writeString(kSection, kVirtualTabletKey, text, error);
 }
 
 QString serialDevicePath(const Settings& settings) {

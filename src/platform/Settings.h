@@ -3,6 +3,7 @@
 #include "platform/Language.h"
 #include "platform/PrivateProfile.h"
 
+#include <QRect>
 #include <QString>
 #include <cstdint>
 
@@ -29,6 +30,8 @@ struct Settings {
     bool soundSetting = true;
     // What the teacher types to close a locked session ("ParaulaTancar").
     QString closeWord = QStringLiteral("mervak");
+    // Where the user last left the virtual tablet, in screen pixels; null until then.
+    QRect virtualTabletPlace;
 };
 
 QString settingsFilePath(const QString& homeFolder);
@@ -37,6 +40,10 @@ Settings readSettings(const PrivateProfile& file);
 
 // The language menu's choice, stored as key "Idioma".
 bool writeLanguage(const PrivateProfile& file, Language language, QString* error = nullptr);
+
+// The virtual tablet's place, stored as key "TeclatAuxiliar": "left top width height".
+bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place,
+                             QString* error = nullptr);
 
 // The serial device a port index or path names: COM1..COM4 are /dev/ttyS0..3;
 // empty for auto-detect and the parallel ports.

@@ -1,5 +1,6 @@
 #include "action/SendKeysParser.h"
 
+#include "action/KeysPreview.h"
 #include "support/FakeKeyboard.h"
 #include "support/QtPrinters.h"
 
@@ -65,6 +66,23 @@ TEST(SendKeysParser, PlainKeysShowsTheLiteralCharacters) {
     };
     for (const auto& [keys, plain] : cases)
         EXPECT_EQ(SendKeysParser::PlainKeys(keys), plain) << keys;
+}
+
+TEST(KeysPreview, ShowsWhatArrivesAndWhereTheNotationBreaks) {
+    const std::tuple<QString, QString, qsizetype> cases[] = {
+        // ActionText, preview, position of the error (-1 for none)
+        {"1+1=2 (dos)", "1⟨Shift+1⟩=2 dos", -1},
+        {"+hola~{TAB}^c%{F4}", "Hola⏎⇥⟨Ctrl+C⟩⟨Alt+F4⟩", -1},
+        {"{LEFT 3}{a 12}{+}{(}^ ", "←←←a×12+(⟨Ctrl+␣⟩", -1},
+        {"a{|Pagina 2}b{|EXECUTA c:\\programes\\x.exe}", "a⟦Pagina 2⟧b⟦EXECUTA c:\\prog…⟧", -1},
+        {"ab{|Pagina 2}c{ENTR}d", "ab⟦Pagina 2⟧c", 14},
+        {"{|CM }x(ab", "⟦CM⟧x", 7},
+    };
+    for (const auto& [text, preview, errorAt] : cases) {
+        const KeysPreview result = KeysPreview::of(text);
+        EXPECT_EQ(result.text, preview) << text;
+        EXPECT_EQ(result.error ? result.error->position : -1, errorAt) << text;
+    }
 }
 
 TEST(SendKeysParser, NotationReadsBackAsTheSameStroke) {

@@ -1,6 +1,6 @@
 #include "EditorFixture.h"
 
-#include "action/SendKeysParser.h"
+#include "action/KeysPreview.h"
 
 #include <QMouseEvent>
 
@@ -9,7 +9,7 @@ namespace mervak::test {
 EditorFixture::EditorFixture()
     : editor(EditorController::Context{
                  session, [this] { ++beeps; }, [this](const QString& text) { ran.append(text); },
-                 [](const QString& text) { return SendKeysParser::PlainKeys(text); },
+                 [](const QString& text) { return KeysPreview::of(text).text; },
                  [this](const QString& text) { status = text; }},
              EditorController::Views{window, *window.sheetPane(), *window.panel(),
                                      *window.pageFrame()}),

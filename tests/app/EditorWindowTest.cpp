@@ -199,6 +199,23 @@ TEST_F(EditorWindowTest, CommandsFromTheMenuAndTheEnterKeyGoIntoTheActionText) {
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola")) << "the typing is one step";
 }
 
+TEST_F(EditorWindowTest, WhatTheFieldTypesAndItsBrokenNotationShowWhileTyping) {
+    clickOnSheet({80, 80});
+    ActionTextEdit* text = window.panel()->actionText();
+    QLabel* preview = window.panel()->keysPreview();
+    QLabel* problem = window.panel()->notationProblem();
+    text->moveCursor(QTextCursor::End);
+    QTest::keyClicks(text, QStringLiteral("+1{TA"));
+    EXPECT_EQ(preview->text(), QStringLiteral("hola⟨Shift+1⟩"));
+    EXPECT_EQ(problem->text(), QStringLiteral("Al caràcter 7 hi ha una \"{\" que no es tanca"));
+    ASSERT_EQ(text->extraSelections().size(), 1);
+    EXPECT_EQ(text->extraSelections()[0].cursor.selectionStart(), 6);
+    QTest::keyClicks(text, QStringLiteral("B}"));
+    EXPECT_EQ(preview->text(), QStringLiteral("hola⟨Shift+1⟩⇥"));
+    EXPECT_TRUE(problem->isHidden());
+    EXPECT_TRUE(text->extraSelections().isEmpty());
+}
+
 QAction* actionNamed(QMenu* menu, const QString& text) {
     for (QAction* action : menu->actions())
         if (action->text() == text)

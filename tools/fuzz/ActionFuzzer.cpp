@@ -1,5 +1,6 @@
 #include "FuzzCheck.h"
 #include "action/ActionRunner.h"
+#include "action/KeysPreview.h"
 #include "action/dryrun/DryRunPlatform.h"
 
 #include <QCoreApplication>
@@ -34,6 +35,19 @@ void checkKeys(const QString& text) {
                   "a stroke's notation does not read back");
     }
     fuzzCheck(SendKeysParser::PlainKeys(text).size() <= text.size(), "PlainKeys grew");
+}
+
+// The editor marks a broken run at its "{", "(" or ")", counted in the whole text.
+void checkPreview(const QString& text) {
+    const std::optional<SendKeysError> error = KeysPreview::of(text).error;
+    if (!error)
+        return;
+    const QChar expected = error->kind == SendKeysError::Kind::UnclosedGroup   ? u'('
+                           : error->kind == SendKeysError::Kind::UnopenedGroup ? u')'
+                                                                               : u'{';
+    fuzzCheck(error->position >= 0 && error->position < text.size() &&
+                  text[error->position] == expected,
+              "the preview marks the wrong character");
 }
 
 // Every line is one JSON object naming its effect; the last is the state.
@@ -76,13 +90,14 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
 }
 
 // Any text either fails to read as keys with a position or gives strokes that
-// read back from their notation; run on the dry-run backends it always ends,
-// writing only JSON objects and the state last.
+// read back from their notation; its preview marks a broken run where it breaks; run on the dry-run
+// backends it always ends, writing only JSON objects and the state last.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QString text =
         QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size))
             .left(kMaxTextLength);
     checkKeys(text);
+    checkPreview(text);
     runDry(text);
     return 0;
 }

@@ -50,6 +50,21 @@ QSize ActionTextEdit::sizeHint() const {
     return {QPlainTextEdit::sizeHint().width(), lines + 2 * frameWidth() + 8};
 }
 
+void ActionTextEdit::markError(qsizetype position, qsizetype length) {
+    QList<QTextEdit::ExtraSelection> marks;
+    if (position >= 0) {
+        QTextEdit::ExtraSelection mark;
+        mark.cursor = QTextCursor(document());
+        mark.cursor.setPosition(static_cast<int>(position));
+        mark.cursor.setPosition(static_cast<int>(position + length), QTextCursor::KeepAnchor);
+        mark.format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
+        mark.format.setUnderlineColor(Qt::red);
+        mark.format.setBackground(QColor(255, 220, 220));
+        marks.append(mark);
+    }
+    setExtraSelections(marks);
+}
+
 void ActionTextEdit::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         insertPlainText(kEnter);

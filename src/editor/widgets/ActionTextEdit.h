@@ -23,6 +23,10 @@ public:
 
     QSize sizeHint() const override;
 
+    // Underlines `length` characters from `position` as wrong; a negative
+    // position clears the mark.
+    void markError(qsizetype position, qsizetype length = 1);
+
 signals:
     // The user changed the text.
     void textEdited(const QString& text);

@@ -77,6 +77,7 @@ QWidget* AreaPanel::buildAreaGroup(Language language) {
     actionText_->setObjectName(QStringLiteral("TxText"));
     box->addWidget(actionText_);
     connect(actionText_, &ActionTextEdit::textEdited, this, &AreaPanel::actionTextEdited);
+    buildKeysPreview(box, language);
 
     auto* buttons = new QHBoxLayout;
     commands_ = new CommandMenu(language, this);
@@ -99,6 +100,38 @@ QWidget* AreaPanel::buildAreaGroup(Language language) {
     box->addWidget(repeat_);
     connect(repeat_, &QCheckBox::clicked, this, &AreaPanel::repeatReadingsToggled);
     return group;
+}
+
+// What the field will type, as the sheet's labels show it, and below it what
+// is wrong with the notation, both kept up to date while the text is typed.
+void AreaPanel::buildKeysPreview(QVBoxLayout* box, Language language) {
+    keysPreview_ = new QLabel;
+    keysPreview_->setObjectName(QStringLiteral("VistaTecles"));
+    keysPreview_->setWordWrap(true);
+    keysPreview_->setTextFormat(Qt::PlainText);
+    keysPreview_->setFrameShape(QFrame::StyledPanel);
+    keysPreview_->setAutoFillBackground(true);
+    keysPreview_->setBackgroundRole(QPalette::AlternateBase);
+    keysPreview_->setMargin(3);
+    setToolTipCaption(keysPreview_, QStringLiteral("El que rebrà l'aplicació"), language);
+    notationProblem_ = new QLabel;
+    notationProblem_->setObjectName(QStringLiteral("ErrorTecles"));
+    notationProblem_->setWordWrap(true);
+    notationProblem_->setTextFormat(Qt::PlainText);
+    QPalette palette = notationProblem_->palette();
+    palette.setColor(QPalette::WindowText, QColor(180, 0, 0));
+    notationProblem_->setPalette(palette);
+    notationProblem_->hide();
+    box->addWidget(keysPreview_);
+    box->addWidget(notationProblem_);
+}
+
+void AreaPanel::showKeysPreview(const QString& preview, const QString& problem, qsizetype markFrom,
+                                qsizetype markLength) {
+    keysPreview_->setText(preview);
+    notationProblem_->setText(problem);
+    notationProblem_->setVisible(!problem.isEmpty());
+    actionText_->markError(problem.isEmpty() ? -1 : markFrom, markLength);
 }
 
 QWidget* AreaPanel::buildCoordinates() {

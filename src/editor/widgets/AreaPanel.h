@@ -30,6 +30,8 @@ public:
     QCheckBox* repeatReadings() const { return repeat_; }
     CommandMenu* commands() const { return commands_; }
     QPushButton* tryButton() const { return try_; }
+    QLabel* keysPreview() const { return keysPreview_; }
+    QLabel* notationProblem() const { return notationProblem_; }
     QLabel* areaCounter() const { return areaCounter_; }
     QLabel* pageCounter() const { return pageCounter_; }
 
@@ -39,6 +41,10 @@ public:
     // The selected Area's fields; all empty and disabled without one.
     void showArea(const Area* area);
     void setCounters(const QString& areaCounter, const QString& pageCounter);
+    // What the ActionText will type; `problem`, when not empty, says what is
+    // wrong with it, and the field marks `markLength` characters from `markFrom`.
+    void showKeysPreview(const QString& preview, const QString& problem = {},
+                         qsizetype markFrom = -1, qsizetype markLength = 0);
 
 signals:
     void previousAreaClicked();
@@ -53,6 +59,7 @@ signals:
 private:
     QWidget* buildAreaGroup(Language language);
     QWidget* buildCoordinates();
+    void buildKeysPreview(QVBoxLayout* box, Language language);
     QWidget* buildPageGroup(Language language);
     QToolButton* arrowButton(const QString& caption, const QString& tip, Language language);
 
@@ -62,6 +69,8 @@ private:
     CommandMenu* commands_ = nullptr;
     QPushButton* commandButton_ = nullptr;
     QPushButton* try_ = nullptr;
+    QLabel* keysPreview_ = nullptr;
+    QLabel* notationProblem_ = nullptr;
     QLabel* areaCounter_ = nullptr;
     QLabel* pageCounter_ = nullptr;
     QVBoxLayout* layout_ = nullptr;

@@ -1,5 +1,7 @@
 #include "editor/widgets/EditorController.h"
 
+#include "action/ActionMessages.h"
+#include "action/KeysPreview.h"
 #include "editor/widgets/Captions.h"
 #include "editor/widgets/Dialogs.h"
 #include "editor/widgets/GridDialog.h"
@@ -144,12 +146,27 @@ void EditorController::showTemplate() {
     const Area* selected = areas_.selected();
     views_.pane.showArea(selected);
     views_.panel.showArea(selected);
+    showKeysPreview(selected);
     const CounterTexts counters = areas_.counters();
     views_.panel.setCounters(translateCounter(language, counters.MsgArea),
                              translateCounter(language, counters.MsgPagina));
     if (actions_.deletePage)
         actions_.deletePage->setEnabled(pages_.canDeletePage());
     emit templateChanged();
+}
+
+void EditorController::showKeysPreview(const Area* area) {
+    const KeysPreview preview = KeysPreview::of(area ? area->ActionText : QString());
+    if (!preview.error) {
+        views_.panel.showKeysPreview(preview.text);
+        return;
+    }
+    const SendKeysError& error = *preview.error;
+    const bool braced = error.kind == SendKeysError::Kind::UnknownKeyName ||
+                        error.kind == SendKeysError::Kind::BadRepeatCount;
+    views_.panel.showKeysPreview(preview.text,
+                                 notationErrorMessage(context_.session.language(), error),
+                                 error.position, braced ? error.detail.size() + 2 : 1);
 }
 
 void EditorController::setDrawMode(bool on) {

@@ -84,6 +84,7 @@ private:
     void wirePanel();
     void wirePane();
     void showTemplate();
+    void showKeysPreview(const Area* area);
     void confirmPageFrame();
     void report(const std::optional<TemplateError>& error);
     QString chooseCommandFile(const CommandEntry& entry);

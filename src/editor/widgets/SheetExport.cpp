@@ -1,6 +1,6 @@
 #include "editor/widgets/SheetExport.h"
 
-#include "action/SendKeysParser.h"
+#include "action/KeysPreview.h"
 #include "editor/AreaGeometry.h"
 #include "editor/widgets/Captions.h"
 #include "editor/widgets/Dialogs.h"
@@ -88,7 +88,7 @@ void paintSheet(QPainter& painter, const QRectF& target, const Template& t, cons
         painter.drawRect(box);
         if (!style->labels)
             continue;
-        const QString label = SendKeysParser::PlainKeys(area.ActionText);
+        const QString label = KeysPreview::of(area.ActionText).text;
         if (label.isEmpty())
             continue;
         // A pale backing keeps the label readable on dark pictures.

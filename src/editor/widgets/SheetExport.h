@@ -24,7 +24,7 @@ struct SheetExportOptions {
     QSizeF surfaceMm{kEasyWidthMm, kEasyHeightMm};
     PaperSize paper = PaperSize::A4;
     bool allPages = false; // else the current page only
-    bool outlines = true;  // the Areas' outlines with their PlainKeys labels
+    bool outlines = true;  // the Areas' outlines with the labels of what they type
 };
 
 // Prints the sheet that lies on the tablet. The picture is stretched over the

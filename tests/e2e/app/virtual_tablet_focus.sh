@@ -1,5 +1,8 @@
 #!/usr/bin/env bash
-# A click on the virtual tablet types into the pupil's program and leaves it the focus.
+# With the virtual tablet shown, the teacher keeps the keyboard in Mervak's own
+# windows and menus, and a click on the tablet types into the pupil's program and
+# leaves it the focus. The tablet opens clear of the menus and toolbar, and comes
+# back where the user put it.
 #   virtual_tablet_focus.sh BIN_DIR SOURCE_DIR   (run inside scripts/with-display.sh)
 set -euo pipefail
 bin=$1
@@ -15,45 +18,84 @@ cp "$source/data/demo/demo.mvw" "$source/data/demo/demo.png" "$work/"
 xterm -T "Mervak demo" -geometry 40x8+700+40 -e sh -c "stty -icanon -echo min 1; exec tee '$received'" &
 "$bin/mervak" --home "$work/home" "$work/demo.mvw" &
 
+fail() { echo "FAIL: $*"; exit 1; }
+
 # A window found by name may not be mapped yet: activating it can fail for a moment.
 activate() {
   for _ in $(seq 50); do
     xdotool windowactivate --sync "$1" 2>/dev/null && return
     sleep 0.1
   done
-  echo "cannot activate window $1" >&2
-  exit 1
+  fail "cannot activate window $1"
 }
 
 wait_for_window() {
   for _ in $(seq 100); do
-    id=$(xdotool search --name "$1" 2>/dev/null | head -n 1) && [ -n "$id" ] && { echo "$id"; return; }
+    id=$(xdotool search "${@:2}" --name "$1" 2>/dev/null | head -n 1) && [ -n "$id" ] && { echo "$id"; return; }
     sleep 0.1
   done
-  echo "no window named $1" >&2
-  exit 1
+  fail "no window named $1"
 }
+
+tablet_window() {
+  xdotool search --onlyvisible --classname "mervak" 2>/dev/null | grep -v "^$main$" | while read -r w; do
+    [ "$(xdotool getwindowname "$w")" = "Mervak" ] && echo "$w"; done | head -n 1
+}
+
 main=$(wait_for_window "^Mervak - ")
 terminal=$(wait_for_window "^Mervak demo$")
 # Without a tablet a message box says so; close it, then show the virtual tablet.
-box=$(wait_for_window "^MERVAK$")
-activate "$box"
-xdotool key --clearmodifiers Return
+box=$(wait_for_window "^MERVAK$" --onlyvisible)
+for _ in $(seq 50); do
+  activate "$box"
+  xdotool key --clearmodifiers Return
+  sleep 0.2
+  box=$(xdotool search --onlyvisible --name "^MERVAK$" | head -n 1) || break
+done
 activate "$main"
 xdotool key --clearmodifiers F12
 sleep 1
-activate "$terminal"
-sleep 0.5
-tablet=$(xdotool search --onlyvisible --classname "mervak" 2>/dev/null | grep -v "^$main$" | while read -r w; do
-  [ "$(xdotool getwindowname "$w")" = "Mervak" ] && echo "$w"; done | head -n 1)
-[ -n "$tablet" ] || { echo "the virtual tablet did not appear"; exit 1; }
+tablet=$(tablet_window)
+[ -n "$tablet" ] || fail "the virtual tablet did not appear"
+eval "$(xdotool getwindowgeometry --shell "$main" | sed 's/^/MAIN_/')"
 eval "$(xdotool getwindowgeometry --shell "$tablet")"
-# The upper-left quarter types "hola ".
+# The menu bar and the toolbar take the main window's first 60 pixels.
+[ "$X" -ge $((MAIN_X + MAIN_WIDTH)) ] || [ "$Y" -ge $((MAIN_Y + 60)) ] ||
+  fail "the tablet at $X,$Y covers the main window's menus at $MAIN_X,$MAIN_Y"
+
+# The teacher zooms in from the Veure menu (so that a click on the sheet picks an
+# Area without firing it), picks the first Area and types at the end of its text.
+activate "$terminal"
+activate "$main"
+xdotool key --clearmodifiers alt+v Down Return
+sleep 0.5
+xdotool mousemove $((MAIN_X + 60)) $((MAIN_Y + 120)) click 1
+sleep 0.5
+xdotool key --clearmodifiers ctrl+End
+xdotool type --delay 100 "xyz"
+sleep 0.5
+[ "$(xdotool getactivewindow)" = "$main" ] || fail "the main window lost the focus"
+[ ! -s "$received" ] || fail "the teacher's typing reached the pupil's program: '$(cat "$received")'"
+
+# The upper-left quarter of the tablet types the edited text: "hola xyz".
 xdotool mousemove $((X + WIDTH / 4)) $((Y + HEIGHT / 4)) click 1
 sleep 1.5
 active=$(xdotool getactivewindow)
 text=$(cat "$received")
 echo "received: '$text', focus on $active (terminal $terminal)"
-[ "$active" = "$terminal" ] || { echo "FAIL: the click took the focus"; exit 1; }
-[ "$text" = "hola " ] || { echo "FAIL: expected 'hola '"; exit 1; }
+[ "$active" = "$terminal" ] || fail "the click took the focus"
+[ "$text" = "hola xyz" ] || fail "expected 'hola xyz'"
+
+# Moved, hidden and shown again, the tablet comes back where it was left.
+xdotool windowmove --sync "$tablet" 40 420
+sleep 0.5
+left=$(xdotool getwindowgeometry "$tablet" | grep Position)
+activate "$main"
+xdotool key --clearmodifiers F12
+sleep 0.5
+grep -q '^TeclatAuxiliar=' "$work/home/MERVAK.INI" || fail "the tablet's place was not stored"
+xdotool key --clearmodifiers F12
+sleep 1
+again=$(xdotool getwindowgeometry "$(tablet_window)" | grep Position)
+[ "$again" = "$left" ] || fail "the tablet came back at '$again', not '$left'"
 echo "PASS"
