@@ -4,9 +4,11 @@
 #include "CliText.h"
 #include "SelectionWatch.h"
 #include "action/ActionRunner.h"
+#include "action/Speech.h"
 #include "action/dryrun/DryRunPlatform.h"
-#include "platform/NoAudio.h"
 #include "platform/NoRegistry.h"
+#include "platform/audio/AudioSound.h"
+#include "platform/audio/EspeakEngine.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtProgramLauncher.h"
 #include "platform/qt/SystemClock.h"
@@ -36,6 +38,8 @@ constexpr int kPasteServeMs = 5000;
 // nothing tells when it has read them: a busy machine delays it, so the process
 // keeps the map this long first.
 constexpr int kKeymapKeepMs = 500;
+// How often the end of speech and music is looked for.
+constexpr int kSoundPollMs = 20;
 
 QTextStream& errors() {
     static QTextStream stream(stderr);
@@ -96,6 +100,18 @@ int dryRun(int argc, char** argv, const ActionOptions& options) {
     return problems > 0 ? kFailure : kSuccess;
 }
 
+void waitWhile(const std::function<bool()>& busy) {
+    QEventLoop loop;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &loop, [&loop, &busy] {
+        if (!busy())
+            loop.quit();
+    });
+    poll.start(kSoundPollMs);
+    if (busy())
+        loop.exec();
+}
+
 WindowId targetWindow(X11WindowSystem& windows, const QString& title) {
     if (title.isEmpty())
         return windows.activeWindow();
@@ -121,12 +137,18 @@ int realRun(int argc, char** argv, const ActionOptions& options) {
     QtClipboard clipboard;
     QtProgramLauncher launcher;
     SystemClock clock;
-    NoSound sound(text(QStringLiteral("mervak-cli no fa sonar cap so: ")));
-    NoSpeech speech;
+    AudioOutput audio;
+    MidiPlayer midi(audio);
+    AudioSound sound(audio, midi);
+    sound.setLanguage(language());
+    EspeakEngine engine(audio);
+    engine.setMessageLanguage(language());
+    Speech speech(engine);
     NoRegistry registry;
     if (options.clipboard)
         clipboard.setText(*options.clipboard);
     ActionState state = startState(options);
+    state.speechAvailable = speech.StartSpeech();
     state.TargetWindow = targetWindow(windows, options.targetTitle);
     bool pasted = false;
     const int problems = execute(
@@ -134,6 +156,7 @@ int realRun(int argc, char** argv, const ActionOptions& options) {
         options, [&pasted](ActionRunner& runner) {
             QObject::connect(&runner, &ActionRunner::pasteStarted, [&pasted] { pasted = true; });
         });
+    waitWhile([&engine, &midi] { return engine.speaking() || midi.playing(); });
     if (pasted)
         selection.serve(kPasteQuietMs, kPasteServeMs);
     if (keyboard.keymapChanges() > 0) {
