@@ -64,9 +64,24 @@ void waitUntilIdle(ActionRunner& runner) {
     loop.exec();
 }
 
-// Runs the ActionText to its end; returns how many problems it reported.
+// Runs the event loop at least once, so that the problems of sounds that could
+// not play, told from the event loop, are told before the end.
+void waitWhile(const std::function<bool()>& busy) {
+    QEventLoop loop;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &loop, [&loop, &busy] {
+        if (!busy())
+            loop.quit();
+    });
+    poll.start(kSoundPollMs);
+    loop.exec();
+}
+
+// Runs the ActionText to its end, and then until `sounding` is false; returns how
+// many problems it reported.
 int execute(const ActionPlatform& platform, ActionState& state, const ActionOptions& options,
-            const std::function<void(ActionRunner&)>& watch) {
+            const std::function<void(ActionRunner&)>& watch,
+            const std::function<bool()>& sounding) {
     const QString title = options.targetTitle;
     ActionRunner runner(
         platform, state, [title] { return title; }, ActionRunner::noOwnWindows);
@@ -82,6 +97,7 @@ int execute(const ActionPlatform& platform, ActionState& state, const ActionOpti
     watch(runner);
     runner.SendActionText(options.text);
     waitUntilIdle(runner);
+    waitWhile(sounding);
     return problems;
 }
 
@@ -93,23 +109,12 @@ int dryRun(int argc, char** argv, const ActionOptions& options) {
     ActionState state = startState(options);
     state.TargetWindow = platform.target();
     state.speechAvailable = true;
-    const int problems = execute(platform.platform(), state, options,
-                                 [&platform](ActionRunner& runner) { platform.watch(runner); });
+    const int problems = execute(
+        platform.platform(), state, options,
+        [&platform](ActionRunner& runner) { platform.watch(runner); }, [] { return false; });
     platform.writeState(state);
     std::fflush(stdout);
     return problems > 0 ? kFailure : kSuccess;
-}
-
-void waitWhile(const std::function<bool()>& busy) {
-    QEventLoop loop;
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, &loop, [&loop, &busy] {
-        if (!busy())
-            loop.quit();
-    });
-    poll.start(kSoundPollMs);
-    if (busy())
-        loop.exec();
 }
 
 WindowId targetWindow(X11WindowSystem& windows, const QString& title) {
@@ -153,10 +158,11 @@ int realRun(int argc, char** argv, const ActionOptions& options) {
     bool pasted = false;
     const int problems = execute(
         {keyboard, windows, pointer, clipboard, launcher, sound, speech, clock, registry}, state,
-        options, [&pasted](ActionRunner& runner) {
+        options,
+        [&pasted](ActionRunner& runner) {
             QObject::connect(&runner, &ActionRunner::pasteStarted, [&pasted] { pasted = true; });
-        });
-    waitWhile([&engine, &midi] { return engine.speaking() || midi.playing(); });
+        },
+        [&engine, &midi] { return engine.speaking() || midi.playing(); });
     if (pasted)
         selection.serve(kPasteQuietMs, kPasteServeMs);
     if (keyboard.keymapChanges() > 0) {

@@ -11,6 +11,8 @@ namespace {
 constexpr int kAheadMs = 100;
 constexpr int kFeedMs = 20;
 constexpr int kBlockFrames = 512;
+// fluidsynth's default of 0.2 leaves a single instrument barely audible.
+constexpr double kGain = 0.6;
 
 constexpr const char* kSoundFonts[] = {
     "/usr/share/sounds/sf2/default-GM.sf2",
@@ -52,6 +54,7 @@ bool MidiPlayer::startSynth() {
     settings_ = new_fluid_settings();
     fluid_settings_setnum(settings_, "synth.sample-rate", AudioOutput::kSampleRate);
     fluid_settings_setstr(settings_, "player.timing-source", "sample");
+    fluid_settings_setnum(settings_, "synth.gain", kGain);
     synth_ = new_fluid_synth(settings_);
     if (synth_ && fluid_synth_sfload(synth_, font.constData(), 1) != FLUID_FAILED)
         return true;
@@ -92,14 +95,22 @@ QByteArray MidiPlayer::render(int frames) {
     return samples;
 }
 
+// The player reports its end seconds after the last note; the music is over as
+// soon as the last tick has passed and no voice sounds any more.
+bool MidiPlayer::finished() const {
+    const int total = fluid_player_get_total_ticks(player_);
+    return fluid_player_get_status(player_) != FLUID_PLAYER_PLAYING ||
+           (total > 0 && fluid_player_get_current_tick(player_) >= total &&
+            fluid_synth_get_active_voice_count(synth_) == 0);
+}
+
 void MidiPlayer::feed() {
     if (!output_.playing(track_))
         return stop();
     const qsizetype ahead = AudioOutput::kSampleRate * AudioOutput::kFrameBytes * kAheadMs / 1000;
-    while (output_.waiting(track_) < ahead &&
-           fluid_player_get_status(player_) == FLUID_PLAYER_PLAYING)
+    while (output_.waiting(track_) < ahead && !finished())
         output_.append(track_, render(kBlockFrames));
-    if (fluid_player_get_status(player_) != FLUID_PLAYER_PLAYING) {
+    if (finished()) {
         feeder_.stop();
         output_.close(track_);
     }

@@ -32,6 +32,7 @@ public:
 
 private:
     bool startSynth();
+    bool finished() const;
     QByteArray render(int frames);
     void feed();
 
