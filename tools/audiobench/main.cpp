@@ -16,6 +16,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <csignal>
 #include <cstdio>
 
 namespace mervak::bench {
@@ -59,12 +60,11 @@ void print(const char* what, const LatencySummary& s) {
                 s.p50 / 1000, s.p90 / 1000, s.p99 / 1000, s.max / 1000);
 }
 
-int run(QProcess& pulse) {
+int run() {
     MonitorRecorder recorder;
     QString error;
     if (!spinUntil([&] { return recorder.open("nullsink.monitor", &error); })) {
-        std::fprintf(stderr, "no private PulseAudio: %s\n%s\n", qPrintable(error),
-                     pulse.readAllStandardError().constData());
+        std::fprintf(stderr, "no private PulseAudio: %s\n", qPrintable(error));
         return 1;
     }
     const long before = residentKiB();
@@ -118,23 +118,34 @@ int run(QProcess& pulse) {
     print("engine read of \"bon dia\"", summarize(reads));
     std::printf("memory: audio output and espeak-ng +%ld KiB; with fluidsynth and %s +%ld KiB\n",
                 withSpeech - before, qPrintable(MidiPlayer::soundFont()), withMidi - before);
+    std::fflush(stdout);
     return 0;
 }
 
 } // namespace
 } // namespace mervak::bench
 
+// The server ends after the application, whose sound service would otherwise
+// see it vanish while still connected.
 int main(int argc, char** argv) {
     QTemporaryDir runtime;
     QFile::setPermissions(runtime.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
-    QCoreApplication app(argc, argv);
-    QProcess pulse;
-    pulse.start(QStringLiteral("pulseaudio"),
-                {"-n", "--daemonize=no", "--exit-idle-time=-1", "-L",
-                 "module-null-sink sink_name=nullsink", "-L", "module-native-protocol-unix"});
-    const int status = mervak::bench::run(pulse);
-    pulse.terminate();
-    pulse.waitForFinished();
+    qint64 pulse = 0;
+    int status = 1;
+    {
+        QCoreApplication app(argc, argv);
+        QProcess server;
+        server.setProgram(QStringLiteral("pulseaudio"));
+        server.setArguments({"-n", "--daemonize=no", "--exit-idle-time=-1", "-L",
+                             "module-null-sink sink_name=nullsink", "-L",
+                             "module-native-protocol-unix"});
+        server.setStandardOutputFile(QProcess::nullDevice());
+        server.setStandardErrorFile(QProcess::nullDevice());
+        if (server.startDetached(&pulse))
+            status = mervak::bench::run();
+    }
+    if (pulse > 0)
+        ::kill(static_cast<pid_t>(pulse), SIGTERM);
     return status;
 }
