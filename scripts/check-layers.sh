@@ -11,6 +11,7 @@ declare -A allowed=(
   [platform]="platform"
   [platform/qt]="platform/qt platform"
   [platform/x11]="platform/x11 platform"
+  [platform/audio]="platform/audio platform"
   [template]="template platform"
   [action]="action platform"
   [action/dryrun]="action/dryrun action platform"

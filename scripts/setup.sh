@@ -7,7 +7,7 @@ packages=(
   qt6-base-dev qt6-base-dev-tools qt6-serialport-dev qt6-multimedia-dev
   libgl-dev libxkbcommon-dev
   libx11-dev libxtst-dev
-  libespeak-ng-dev espeak-ng-data
+  libespeak-ng-dev espeak-ng-data libfluidsynth-dev timgm6mb-soundfont libpulse-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth openbox xterm x11-utils x11-apps xdotool socat imagemagick
   sox espeak-ng pulseaudio poppler-utils

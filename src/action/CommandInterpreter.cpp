@@ -187,11 +187,9 @@ CommandResult CommandInterpreter::carryOut(const QString& keyword, const QString
         state_.closeRequested = true;
         return followUp(CommandFollowUp::Kind::Close);
     case Command::Speak:
-        speak(argument);
-        return {};
+        return speak(argument);
     case Command::ReadFile:
-        readFile(argument);
-        return {};
+        return readFile(argument);
     }
     return {};
 }
@@ -286,25 +284,28 @@ CommandResult CommandInterpreter::paste(const QString& argument) {
     return followUp(CommandFollowUp::Kind::Paste);
 }
 
-void CommandInterpreter::speak(const QString& argument) {
+CommandResult CommandInterpreter::speak(const QString& argument) {
     if (!state_.speechAvailable)
-        return;
+        return {};
     QString text = argument;
     text.replace(u'.', u';');
-    platform_.speech.speak(text, state_.speakerNumber);
+    return {{}, platform_.speech.speak(text, state_.speakerNumber)};
 }
 
-// "/I:c /L:1 /V:100 /F:name": the file after "/F:" is made absolute.
-void CommandInterpreter::readFile(const QString& argument) {
+// "/I:c /L:1 /V:100 /F:name": the file after "/F:" is made absolute; a file that
+// is not there is said in the status line and the ActionText goes on.
+CommandResult CommandInterpreter::readFile(const QString& argument) {
     if (!state_.speechAvailable)
-        return;
+        return {};
     const QString marker = QStringLiteral("/F:");
     const qsizetype at = argument.indexOf(marker, 0, Qt::CaseInsensitive);
     if (at < 0)
-        return platform_.speech.readFile(argument);
+        return {{}, platform_.speech.readFile(argument)};
     const QString file =
         CommandFiles::resolve(argument.mid(at + marker.size()), state_.WorkingFolder);
-    platform_.speech.readFile(argument.left(at + marker.size()) + file);
+    if (!QFileInfo(file).isFile())
+        return failure(ActionProblem::FileNotFound, file);
+    return {{}, platform_.speech.readFile(argument.left(at + marker.size()) + file)};
 }
 
 } // namespace mervak

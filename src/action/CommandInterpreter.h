@@ -68,8 +68,8 @@ private:
     CommandResult wait(const QString& argument);
     CommandResult launch(const QString& argument);
     CommandResult paste(const QString& argument);
-    void speak(const QString& argument);
-    void readFile(const QString& argument);
+    CommandResult speak(const QString& argument);
+    CommandResult readFile(const QString& argument);
 
     ActionState& state_;
     ActionPlatform platform_;

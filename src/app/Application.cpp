@@ -10,6 +10,8 @@
 #include "platform/Language.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QLineEdit>
@@ -45,8 +47,10 @@ QString modelPicture(const QString& model) {
 Application::Application(const QStringList& arguments, const QString& homeFolder, bool locked)
     : arguments_(arguments), session_(homeFolder), locked_(locked),
       autostart_(Autostart::currentConfigFolder()), keyboard_(x11_), pointer_(x11_), windows_(x11_),
-      sound_(QStringLiteral("No hi ha sortida de so: ")), recovery_(homeFolder),
-      targetTracker_(windows_, [this](WindowId window) { return isOwnWindow(window); }) {
+      midi_(audio_), sound_(audio_, midi_), speechEngine_(audio_), speech_(speechEngine_),
+      recovery_(homeFolder),
+      targetTracker_(windows_, [this](WindowId window) { return isOwnWindow(window); }),
+      reader_(speechEngine_) {
     const ActionPlatform platform{keyboard_, windows_, pointer_, clipboard_, launcher_,
                                   sound_,    speech_,  clock_,   registry_};
     runner_ = std::make_unique<ActionRunner>(
@@ -55,21 +59,27 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
     dispatcher_ = std::make_unique<PressDispatcher>(
         session_, clipboard_,
         PressDispatcher::Hooks{[this](const QString& text) { runner_->SendActionText(text); },
-                               [this] { return runner_->isBusy(); }, [] { QApplication::beep(); }});
+                               [this] { return runner_->isBusy(); }, [this] { sound_.click(); }});
     tablet_ = std::make_unique<TabletControl>(session_, makeQtSerialLink, *dispatcher_);
     connect(&timer2_, &QTimer::timeout, this, [this] {
         session_.actionState.TargetWindow = targetTracker_.tick(session_.actionState.TargetWindow);
     });
     const auto status = [this](const QString& text) { setStatus(text); };
     editor_ = std::make_unique<EditorController>(
-        EditorController::Context{session_, [] { QApplication::beep(); },
+        EditorController::Context{session_, [this] { sound_.click(); },
                                   [this](const QString& text) { runner_->SendActionText(text); },
                                   [](const QString& text) { return KeysPreview::of(text).text; },
                                   status},
         EditorController::Views{window_, *window_.sheetPane(), *window_.panel(),
                                 *window_.pageFrame()});
-    document_ = std::make_unique<DocumentController>(
-        DocumentController::Context{session_, [this] { editor_->refresh(); }, status}, window_);
+    document_ =
+        std::make_unique<DocumentController>(DocumentController::Context{session_,
+                                                                         [this] {
+                                                                             editor_->refresh();
+                                                                             applyTemplateSpeech();
+                                                                         },
+                                                                         status},
+                                             window_);
     wireWindow();
     wireEditor();
     wireRunner();
@@ -85,7 +95,10 @@ bool Application::start() {
         return false;
     }
     readConfiguration();
+    startSound();
     session_.tmpl.NewTemplate();
+    session_.tmpl.SV_velocitat = speech_.SpeechSpeed;
+    applyTemplateSpeech();
     document_->refreshTitle();
     editor_->refresh();
     if (locked_)
@@ -190,7 +203,7 @@ void Application::wireWindow() {
     // Once the search is over, what the start-up had to say comes back.
     connect(tablet_.get(), &TabletControl::statusMessage, this,
             [this](const QString& text) { setStatus(text.isEmpty() ? startupNotice_ : text); });
-    connect(tablet_.get(), &TabletControl::beepRequested, this, [] { QApplication::beep(); });
+    connect(tablet_.get(), &TabletControl::beepRequested, this, [this] { sound_.click(); });
 }
 
 void Application::wireEditor() {
@@ -221,9 +234,27 @@ void Application::wireRunner() {
     connect(runner_.get(), &ActionRunner::closeRequested, this, &Application::closeAtOnce);
 }
 
+// The press click comes from the program's data unless the home folder holds its
+// own clic.wav. Speech is looked for once.
+void Application::startSound() {
+    QFile own(QDir(session_.homeFolder).filePath(QStringLiteral("clic.wav")));
+    QFile builtIn(QStringLiteral(":/sons/clic.wav"));
+    if (!(own.open(QIODevice::ReadOnly) && sound_.setClick(own.readAll())) &&
+        builtIn.open(QIODevice::ReadOnly))
+        sound_.setClick(builtIn.readAll());
+    session_.actionState.speechAvailable = speech_.StartSpeech();
+    speech_.setReaderShown([this](const QString& text) { reader_.showText(text); });
+}
+
+void Application::applyTemplateSpeech() {
+    const Template& t = session_.tmpl;
+    session_.actionState.speakerNumber =
+        speech_.applyTemplate(t.sv_idioma, t.sv_locutor, t.SV_velocitat);
+}
+
 void Application::translate() {
-    sound_.setReason(
-        TranslateCaption(session_.language(), QStringLiteral("No hi ha sortida de so: ")));
+    sound_.setLanguage(session_.language());
+    speechEngine_.setMessageLanguage(session_.language());
     window_.translate(session_.language());
     translateAllWindows(session_.language());
     editor_->retranslate();
@@ -243,12 +274,16 @@ void Application::chooseLanguage(Language language) {
 // The properties dialog edits the header; its default folder is the working folder.
 void Application::editProperties() {
     const Template before = session_.tmpl;
+    const auto voices = [this](int16_t language) {
+        return speechEngine_.speakerNames(language == 1 ? "es" : "ca");
+    };
     if (!PlantForm::edit(&window_, session_.tmpl, windows_, session_.catalogue, session_.language(),
-                         &session_.actionState.WorkingFolder))
+                         &session_.actionState.WorkingFolder, voices))
         return;
     editor_->keepForUndo(before);
     editor_->refresh();
     document_->refreshTitle();
+    applyTemplateSpeech();
 }
 
 // The virtual tablet shows the pupil's sheet: the Areas without the editor's marks.

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "action/ActionRunner.h"
+#include "action/Speech.h"
 #include "app/DocumentController.h"
 #include "app/MainWindow.h"
+#include "app/ReaderWindow.h"
 #include "app/VirtualTablet.h"
 #include "dispatch/PressDispatcher.h"
 #include "dispatch/TabletControl.h"
@@ -11,9 +13,12 @@
 #include "editor/widgets/EditorController.h"
 #include "editor/widgets/SheetExport.h"
 #include "platform/Autostart.h"
-#include "platform/NoAudio.h"
 #include "platform/NoRegistry.h"
 #include "platform/SingleInstance.h"
+#include "platform/audio/AudioOutput.h"
+#include "platform/audio/AudioSound.h"
+#include "platform/audio/EspeakEngine.h"
+#include "platform/audio/MidiPlayer.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtProgramLauncher.h"
 #include "platform/qt/SystemClock.h"
@@ -48,6 +53,8 @@ public:
 
 private:
     void readConfiguration();
+    void startSound();
+    void applyTemplateSpeech();
     void onDeviceStartFinished(bool present);
     void openFromCommandLine();
     void wireWindow();
@@ -85,8 +92,11 @@ private:
     QtClipboard clipboard_;
     QtProgramLauncher launcher_;
     SystemClock clock_;
-    NoSound sound_;
-    NoSpeech speech_;
+    AudioOutput audio_;
+    MidiPlayer midi_;
+    AudioSound sound_;
+    EspeakEngine speechEngine_;
+    Speech speech_;
     NoRegistry registry_;
 
     std::unique_ptr<ActionRunner> runner_;
@@ -97,6 +107,7 @@ private:
     TargetTracker targetTracker_;
     MainWindow window_;
     VirtualTablet virtualTablet_;
+    ReaderWindow reader_;
     std::unique_ptr<EditorController> editor_;
     std::unique_ptr<DocumentController> document_;
     QTimer timer2_;

@@ -412,7 +412,6 @@ constexpr CaptionPair kCaptions[] = {
     {u"Hi ha edicions no desades a ", u"Hay ediciones no guardadas en "},
     {u"No es pot obrir la pantalla X; sense pantalla, feu servir --dry-run. DISPLAY=",
      u"No se puede abrir la pantalla X; sin pantalla, use --dry-run. DISPLAY="},
-    {u"mervak-cli no fa sonar cap so: ", u"mervak-cli no reproduce ningún sonido: "},
     {u"Massa pulsacions en espera: s'ha descartat la més antiga",
      u"Demasiadas pulsaciones en espera: se ha descartado la más antigua"},
     // Template properties dialog.
@@ -486,6 +485,17 @@ constexpr CaptionPair kCaptions[] = {
     {u"Clau }", u"Llave }"},
     {u"Claudàtor [", u"Corchete ["},
     {u"Claudàtor ]", u"Corchete ]"},
+    // Speech and sound: the status line and the window of a file read aloud.
+    {u"S'ha perdut la sortida de so: ", u"Se ha perdido la salida de sonido: "},
+    {u"No és un fitxer WAV vàlid: ", u"No es un archivo WAV válido: "},
+    {u"Format de so no admès (només PCM de 8, 16, 24 o 32 bits), format %1: ",
+     u"Formato de sonido no admitido (solo PCM de 8, 16, 24 o 32 bits), formato %1: "},
+    {u"No hi ha cap SoundFont General MIDI per a ", u"No hay ningún SoundFont General MIDI para "},
+    {u"No és un fitxer MIDI vàlid: ", u"No es un archivo MIDI válido: "},
+    {u"Lectura", u"Lectura"},
+    {u"Pausa", u"Pausa"},
+    {u"Continuar", u"Continuar"},
+    {u"Aturar", u"Detener"},
 };
 
 const QHash<QString, QString>& spanishCaptions() {

@@ -151,6 +151,7 @@ TEST_F(FileCommands, SpeaksAndReadsFilesWhenSpeechIsAvailable) {
          {"read-file /I:c /L:1 /V:100 /F:" + plant("Adeu.TXT")},
          0},
         {"{|Lee /f:Adeu.TXT}", {"read-file /f:" + plant("Adeu.TXT")}, 0},
+        {"{|Llegeix /F:cap.txt}x", typed("x"), 1},
     });
     bench.state.speechAvailable = false;
     expectEffects({{"{|Llegir Hola}", {}, 0}, {"{|Llegeix /F:adeu.txt}", {}, 0}});

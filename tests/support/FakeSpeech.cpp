@@ -2,12 +2,14 @@
 
 namespace mervak::test {
 
-void FakeSpeech::speak(const QString& text, int speaker) {
+QString FakeSpeech::speak(const QString& text, int speaker) {
     logTo(log_, QStringLiteral("speak %1 %2").arg(speaker).arg(text));
+    return {};
 }
 
-void FakeSpeech::readFile(const QString& options) {
+QString FakeSpeech::readFile(const QString& options) {
     logTo(log_, QStringLiteral("read-file ") + options);
+    return {};
 }
 
 } // namespace mervak::test

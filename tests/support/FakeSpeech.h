@@ -13,8 +13,8 @@ public:
     void setAvailable(bool available) { available_ = available; }
 
     bool available() const override { return available_; }
-    void speak(const QString& text, int speaker) override;
-    void readFile(const QString& options) override;
+    QString speak(const QString& text, int speaker) override;
+    QString readFile(const QString& options) override;
 
 private:
     EffectLog* log_;

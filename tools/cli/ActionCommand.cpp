@@ -4,9 +4,11 @@
 #include "CliText.h"
 #include "SelectionWatch.h"
 #include "action/ActionRunner.h"
+#include "action/Speech.h"
 #include "action/dryrun/DryRunPlatform.h"
-#include "platform/NoAudio.h"
 #include "platform/NoRegistry.h"
+#include "platform/audio/AudioSound.h"
+#include "platform/audio/EspeakEngine.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtProgramLauncher.h"
 #include "platform/qt/SystemClock.h"
@@ -36,6 +38,8 @@ constexpr int kPasteServeMs = 5000;
 // nothing tells when it has read them: a busy machine delays it, so the process
 // keeps the map this long first.
 constexpr int kKeymapKeepMs = 500;
+// How often the end of speech and music is looked for.
+constexpr int kSoundPollMs = 20;
 
 QTextStream& errors() {
     static QTextStream stream(stderr);
@@ -60,9 +64,24 @@ void waitUntilIdle(ActionRunner& runner) {
     loop.exec();
 }
 
-// Runs the ActionText to its end; returns how many problems it reported.
+// Runs the event loop at least once, so that the problems of sounds that could
+// not play, told from the event loop, are told before the end.
+void waitWhile(const std::function<bool()>& busy) {
+    QEventLoop loop;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &loop, [&loop, &busy] {
+        if (!busy())
+            loop.quit();
+    });
+    poll.start(kSoundPollMs);
+    loop.exec();
+}
+
+// Runs the ActionText to its end, and then until `sounding` is false; returns how
+// many problems it reported.
 int execute(const ActionPlatform& platform, ActionState& state, const ActionOptions& options,
-            const std::function<void(ActionRunner&)>& watch) {
+            const std::function<void(ActionRunner&)>& watch,
+            const std::function<bool()>& sounding) {
     const QString title = options.targetTitle;
     ActionRunner runner(
         platform, state, [title] { return title; }, ActionRunner::noOwnWindows);
@@ -78,6 +97,7 @@ int execute(const ActionPlatform& platform, ActionState& state, const ActionOpti
     watch(runner);
     runner.SendActionText(options.text);
     waitUntilIdle(runner);
+    waitWhile(sounding);
     return problems;
 }
 
@@ -89,8 +109,9 @@ int dryRun(int argc, char** argv, const ActionOptions& options) {
     ActionState state = startState(options);
     state.TargetWindow = platform.target();
     state.speechAvailable = true;
-    const int problems = execute(platform.platform(), state, options,
-                                 [&platform](ActionRunner& runner) { platform.watch(runner); });
+    const int problems = execute(
+        platform.platform(), state, options,
+        [&platform](ActionRunner& runner) { platform.watch(runner); }, [] { return false; });
     platform.writeState(state);
     std::fflush(stdout);
     return problems > 0 ? kFailure : kSuccess;
@@ -121,19 +142,27 @@ int realRun(int argc, char** argv, const ActionOptions& options) {
     QtClipboard clipboard;
     QtProgramLauncher launcher;
     SystemClock clock;
-    NoSound sound(text(QStringLiteral("mervak-cli no fa sonar cap so: ")));
-    NoSpeech speech;
+    AudioOutput audio;
+    MidiPlayer midi(audio);
+    AudioSound sound(audio, midi);
+    sound.setLanguage(language());
+    EspeakEngine engine(audio);
+    engine.setMessageLanguage(language());
+    Speech speech(engine);
     NoRegistry registry;
     if (options.clipboard)
         clipboard.setText(*options.clipboard);
     ActionState state = startState(options);
+    state.speechAvailable = speech.StartSpeech();
     state.TargetWindow = targetWindow(windows, options.targetTitle);
     bool pasted = false;
     const int problems = execute(
         {keyboard, windows, pointer, clipboard, launcher, sound, speech, clock, registry}, state,
-        options, [&pasted](ActionRunner& runner) {
+        options,
+        [&pasted](ActionRunner& runner) {
             QObject::connect(&runner, &ActionRunner::pasteStarted, [&pasted] { pasted = true; });
-        });
+        },
+        [&engine, &midi] { return engine.speaking() || midi.playing(); });
     if (pasted)
         selection.serve(kPasteQuietMs, kPasteServeMs);
     if (keyboard.keymapChanges() > 0) {

@@ -2,12 +2,14 @@
 
 namespace mervak {
 
-void DryRunSpeech::speak(const QString& text, int speaker) {
+QString DryRunSpeech::speak(const QString& text, int speaker) {
     log_.write(DryRunLine("speak").add("text", text).add("speaker", speaker));
+    return {};
 }
 
-void DryRunSpeech::readFile(const QString& options) {
+QString DryRunSpeech::readFile(const QString& options) {
     log_.write(DryRunLine("speak").add("options", options));
+    return {};
 }
 
 } // namespace mervak

@@ -13,8 +13,8 @@ public:
     explicit DryRunSpeech(DryRunLog& log) : log_(log) {}
 
     bool available() const override { return true; }
-    void speak(const QString& text, int speaker) override;
-    void readFile(const QString& options) override;
+    QString speak(const QString& text, int speaker) override;
+    QString readFile(const QString& options) override;
 
 private:
     DryRunLog& log_;

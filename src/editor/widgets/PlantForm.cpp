@@ -89,22 +89,25 @@ int16_t spinValue(const QSpinBox* spin) {
 } // namespace
 
 bool PlantForm::edit(QWidget* parent, Template& t, WindowSystem& windows,
-                     const MacroCatalogue& catalogue, Language language, QString* pathDefault) {
-    PlantForm form(t, windows, catalogue, language, pathDefault, parent);
+                     const MacroCatalogue& catalogue, Language language, QString* pathDefault,
+                     VoiceNames voices) {
+    PlantForm form(t, windows, catalogue, language, pathDefault, parent, std::move(voices));
     if (form.exec() != QDialog::Accepted)
         return false;
     return form.applyTo(t, pathDefault);
 }
 
 PlantForm::PlantForm(const Template& t, WindowSystem& windows, const MacroCatalogue& catalogue,
-                     Language language, const QString* pathDefault, QWidget* parent)
+                     Language language, const QString* pathDefault, QWidget* parent,
+                     VoiceNames voices)
     : QDialog(parent), windows_(windows), catalogue_(catalogue), language_(language),
       fitxGraf_(field("FitxGraf")), pathDefault_(field("Pathdefault")),
       fitxClip_(field("FitxClip")), txFinestra_(field("TxFinestra")), tecles_(field("Tecles")),
       ordres_(field("Ordres")), fitxDoc_(field("FitxDoc")), descripcio_(field("descripcio")),
       soundActive_(new QCheckBox), svIdioma_(new QComboBox), svLocutor_(new QSpinBox),
-      svVelocitat_(new QSpinBox), programs_(new QComboBox), macros_(new QComboBox),
-      windowButton_(new QToolButton), windowMenu_(new QMenu(this)), preview_(new QLabel) {
+      voiceName_(new QLabel), voices_(std::move(voices)), svVelocitat_(new QSpinBox),
+      programs_(new QComboBox), macros_(new QComboBox), windowButton_(new QToolButton),
+      windowMenu_(new QMenu(this)), preview_(new QLabel) {
     setObjectName(QStringLiteral("PlantForm"));
     if (!t.isUntitled())
         templateFolder_ = QFileInfo(t.TemplateFileName).absolutePath();
@@ -115,7 +118,10 @@ PlantForm::PlantForm(const Template& t, WindowSystem& windows, const MacroCatalo
     connect(programs_, &QComboBox::activated, this, &PlantForm::programPicked);
     connect(macros_, &QComboBox::activated, this, &PlantForm::macroPicked);
     connect(windowButton_, &QToolButton::clicked, this, &PlantForm::showWindowList);
+    connect(svIdioma_, &QComboBox::currentIndexChanged, this, &PlantForm::refreshVoiceName);
+    connect(svLocutor_, &QSpinBox::valueChanged, this, &PlantForm::refreshVoiceName);
     refreshPreview();
+    refreshVoiceName();
 }
 
 void PlantForm::buildLayout(Language language, bool withPathDefault) {
@@ -201,7 +207,8 @@ QGroupBox* PlantForm::speechGroup(Language language) {
     svIdioma_->setObjectName(QStringLiteral("sv_idioma"));
     svIdioma_->addItems({QStringLiteral("Català"), QStringLiteral("Español")});
     svLocutor_->setObjectName(QStringLiteral("sv_locutor"));
-    svLocutor_->setRange(0, 99);
+    svLocutor_->setRange(0, 999);
+    voiceName_->setObjectName(QStringLiteral("sv_locutor_name"));
     svVelocitat_->setObjectName(QStringLiteral("SV_velocitat"));
     svVelocitat_->setRange(0, 999);
     auto* box = new QGroupBox;
@@ -214,6 +221,8 @@ QGroupBox* PlantForm::speechGroup(Language language) {
                                    {"Velocitat", svVelocitat_}}) {
         layout->addWidget(captionLabel(caption, language, widget));
         layout->addWidget(widget);
+        if (widget == svLocutor_)
+            layout->addWidget(voiceName_);
         layout->addSpacing(8);
     }
     layout->addStretch(1);
@@ -372,6 +381,12 @@ void PlantForm::showWindowList() {
         windowMenu_->addAction(TranslateCaption(language_, QStringLiteral("(cap finestra)")))
             ->setEnabled(false);
     windowMenu_->popup(windowButton_->mapToGlobal(QPoint(0, windowButton_->height())));
+}
+
+void PlantForm::refreshVoiceName() {
+    const QStringList names =
+        voices_ ? voices_(static_cast<int16_t>(svIdioma_->currentIndex())) : QStringList();
+    voiceName_->setText(names.value(svLocutor_->value()));
 }
 
 void PlantForm::refreshPreview() {

@@ -3,7 +3,9 @@
 #include "platform/Language.h"
 
 #include <QDialog>
+#include <QStringList>
 #include <cstdint>
+#include <functional>
 
 class QComboBox;
 class QFormLayout;
@@ -47,15 +49,21 @@ struct PlantFields {
 class PlantForm : public QDialog {
     Q_OBJECT
 public:
+    // The names of the speech engine's voices for sv_idioma (0 Catalan, 1 Spanish),
+    // shown beside the voice number.
+    using VoiceNames = std::function<QStringList(int16_t language)>;
+
     // Shows the dialog and waits. On "Acceptar", every field the user changed is
     // written to `t` (and `*pathDefault`; nullptr hides that row) and
     // t.Modified is set; true only when something changed. Cancelling, or
     // accepting with nothing changed, leaves both untouched.
     static bool edit(QWidget* parent, Template& t, WindowSystem& windows,
-                     const MacroCatalogue& catalogue, Language language, QString* pathDefault);
+                     const MacroCatalogue& catalogue, Language language, QString* pathDefault,
+                     VoiceNames voices = {});
 
     PlantForm(const Template& t, WindowSystem& windows, const MacroCatalogue& catalogue,
-              Language language, const QString* pathDefault, QWidget* parent = nullptr);
+              Language language, const QString* pathDefault, QWidget* parent = nullptr,
+              VoiceNames voices = {});
 
     // The values shown now.
     PlantFields fields() const;
@@ -81,6 +89,7 @@ private:
     void programPicked(int row);
     void macroPicked(int row);
     void refreshPreview();
+    void refreshVoiceName();
     void browseFile(QLineEdit* field, const QString& title, const QString& filterName,
                     const QStringList& patterns);
     void browseFolder(QLineEdit* field);
@@ -105,6 +114,8 @@ private:
     QCheckBox* soundActive_;
     QComboBox* svIdioma_;
     QSpinBox* svLocutor_;
+    QLabel* voiceName_;
+    VoiceNames voices_;
     QSpinBox* svVelocitat_;
     QComboBox* programs_;
     QComboBox* macros_;
