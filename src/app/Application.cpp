@@ -241,9 +241,12 @@ void Application::editProperties() {
 // The virtual tablet shows the pupil's sheet: the Areas without the editor's marks.
 void Application::refreshVirtualTablet() {
     QList<SheetArea> areas = editor_->sheetAreas();
-    for (SheetArea& area : areas)
+    for (SheetArea& area : areas) {
         area.selected = false;
+        area.number = 0;
+    }
     SheetView* sheet = virtualTablet_.sheet();
+    sheet->setSheetSize(sheetSizeMm(session_.tmpl));
     sheet->setPicture(editor_->sheetPicture());
     sheet->setAreas(areas);
     window_.setSoundChecked(session_.tmpl.SoundActive != 0);

@@ -110,9 +110,12 @@ void EditorController::retranslate() {
 QList<SheetArea> EditorController::sheetAreas() const {
     const Template& t = context_.session.tmpl;
     QList<SheetArea> areas;
-    for (const int16_t index : t.areasOfPage(t.CurrentPage)) {
+    const QList<int16_t> page = t.areasOfPage(t.CurrentPage);
+    for (int ordinal = 1; ordinal <= page.size(); ++ordinal) {
+        const int16_t index = page[ordinal - 1];
         const Area& area = t.area(index);
-        areas.append({rectOf(area), context_.areaLabel(area.ActionText), index == t.SelectedArea});
+        areas.append(
+            {rectOf(area), context_.areaLabel(area.ActionText), index == t.SelectedArea, ordinal});
     }
     return areas;
 }
@@ -139,6 +142,7 @@ QImage EditorController::sheetPicture() {
 void EditorController::showTemplate() {
     const Language language = context_.session.language();
     SheetView* sheet = views_.pane.sheet();
+    sheet->setSheetSize(sheetSizeMm(context_.session.tmpl));
     sheet->setPicture(sheetPicture());
     sheet->setAreas(sheetAreas());
     const Area* selected = areas_.selected();

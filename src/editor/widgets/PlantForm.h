@@ -36,6 +36,8 @@ struct PlantFields {
     int16_t sv_idioma = 0;   // 0 Catalan, 1 Spanish
     int16_t sv_locutor = 0;
     int16_t SV_velocitat = 0;
+    int16_t SheetWidthMm = 0;
+    int16_t SheetHeightMm = 0;
     friend bool operator==(const PlantFields&, const PlantFields&) = default;
 };
 
@@ -75,6 +77,7 @@ private:
     QHBoxLayout* buttonRow(Language language);
     void addFormRow(QFormLayout* form, const char* caption, QWidget* buddy, QHBoxLayout* fields,
                     Language language);
+    QHBoxLayout* sheetSizeRow();
     void alignLabels();
     void load(const Template& t, const QString* pathDefault);
     void fillPickers(Language language);
@@ -106,6 +109,8 @@ private:
     QComboBox* svIdioma_;
     QSpinBox* svLocutor_;
     QSpinBox* svVelocitat_;
+    QSpinBox* sheetWidth_;
+    QSpinBox* sheetHeight_;
     QComboBox* programs_;
     QComboBox* macros_;
     QToolButton* windowButton_;
