@@ -64,7 +64,9 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
         EditorController::Views{window_, *window_.sheetPane(), *window_.panel(),
                                 *window_.pageFrame()});
     document_ = std::make_unique<DocumentController>(
-        DocumentController::Context{session_, [this] { editor_->refresh(); }, status}, window_);
+        DocumentController::Context{session_, [this](bool another) { editor_->refresh(another); },
+                                    status},
+        window_);
     wireWindow();
     wireEditor();
     wireRunner();
@@ -137,6 +139,7 @@ void Application::wireWindow() {
     connect(&window_, &MainWindow::soundToggled, this, [this](bool on) {
         session_.tmpl.SoundActive = on ? -1 : 0;
         session_.tmpl.Modified = true;
+        window_.setWindowModified(true);
     });
     connect(&window_, &MainWindow::virtualTabletToggled, this, &Application::showVirtualTablet);
     connect(&window_, &MainWindow::activateTargetRequested, this, &Application::activateTarget);

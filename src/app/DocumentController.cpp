@@ -46,8 +46,10 @@ QString DocumentController::title() const {
     return windowTitle(t);
 }
 
+// Qt's "[*]" shows an asterisk while the Template has unsaved changes.
 void DocumentController::refreshTitle() {
-    window_.setWindowTitle(title());
+    window_.setWindowTitle(title() + QStringLiteral("[*]"));
+    window_.setWindowModified(context_.session.tmpl.Modified);
 }
 
 void DocumentController::refreshRecentFiles() {
@@ -73,7 +75,7 @@ void DocumentController::newTemplate() {
         return;
     context_.session.tmpl.NewTemplate();
     refreshTitle();
-    context_.templateReplaced();
+    context_.templateReplaced(true);
 }
 
 void DocumentController::openWithDialog() {
@@ -112,7 +114,7 @@ bool DocumentController::open(const QString& path) {
         remember(context_.session.tmpl.TemplateFileName);
     }
     refreshTitle();
-    context_.templateReplaced();
+    context_.templateReplaced(true);
     return !outcome.error;
 }
 
@@ -151,7 +153,7 @@ bool DocumentController::saveWithDialog(bool saveAs) {
     context_.session.workingFolder() =
         QFileInfo(context_.session.tmpl.TemplateFileName).absolutePath();
     remember(context_.session.tmpl.TemplateFileName);
-    context_.templateReplaced();
+    context_.templateReplaced(false);
     return true;
 }
 

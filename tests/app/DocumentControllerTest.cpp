@@ -55,11 +55,13 @@ TEST_F(DocumentControllerTest, CancelKeepsTheUnsavedTemplateNoDropsItAndOpens) {
     openAnswering(QStringLiteral("Cancel·lar"));
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("sense desar"));
     EXPECT_TRUE(tmpl.Modified);
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)[*]"));
+    EXPECT_TRUE(window.isWindowModified()) << "the title marks unsaved changes";
     openAnswering(QStringLiteral("No"));
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("desat"));
     EXPECT_FALSE(tmpl.Modified) << "a Template just read equals its file";
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - ") + path);
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - ") + path + QStringLiteral("[*]"));
+    EXPECT_FALSE(window.isWindowModified());
     EXPECT_EQ(workingFolder, home.path());
     EXPECT_EQ(window.panel()->areaCounter()->text(), QStringLiteral("----- àrees"));
 }

@@ -102,6 +102,7 @@ TEST_F(EditorWindowTest, ArrowKeysMoveTheSelectedArea) {
 TEST_F(EditorWindowTest, SplitThreeByTwoThenUndo) {
     actions().subdivide->trigger();
     EXPECT_EQ(beeps, 1) << "nothing selected";
+    EXPECT_FALSE(actions().undo->isEnabled()) << "nothing to undo yet";
     clickOnSheet({80, 80});
     whenModal(
         [](QWidget* modal) {
@@ -114,6 +115,7 @@ TEST_F(EditorWindowTest, SplitThreeByTwoThenUndo) {
     ASSERT_EQ(tmpl.AreaCount(), 8);
     EXPECT_EQ(rectAt(8), (SheetRect{92, 85, 108, 110}));
     EXPECT_EQ(areaCounter()->text(), QStringLiteral("----- àrees"));
+    EXPECT_TRUE(actions().undo->isEnabled());
     actions().undo->trigger();
     EXPECT_EQ(tmpl.AreaCount(), 3);
     EXPECT_EQ(rectAt(1), (SheetRect{60, 60, 110, 110}));
@@ -246,7 +248,7 @@ TEST_F(EditorWindowTest, SpanishAndBackAgainWithADialogOpen) {
     EXPECT_EQ(window.panel()->repeatReadings()->text(), QStringLiteral("Repetición de lecturas"));
     EXPECT_EQ(areaCounter()->text(), QStringLiteral("1/1 áreas"));
     EXPECT_EQ(pageCounter()->text(), QStringLiteral("1/3 páginas"));
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sin nombre)"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sin nombre)[*]"));
     EXPECT_EQ(window.pageFrame()->nameField()->text(), QStringLiteral("Página nueva"));
     whenModal(
         [this](QWidget* modal) {
@@ -260,7 +262,7 @@ TEST_F(EditorWindowTest, SpanishAndBackAgainWithADialogOpen) {
     EXPECT_EQ(menus[0]->text(), QStringLiteral("&Fitxers"));
     EXPECT_EQ(areaCounter()->text(), QStringLiteral("1/1 àrees"));
     EXPECT_EQ(window.pageFrame()->title(), QStringLiteral("Obrir models de pàgina"));
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)[*]"));
     window.pageFrame()->confirmButton()->click();
     EXPECT_EQ(tmpl.PageCount, 4) << "the Catalan name means the new empty page";
 }

@@ -93,7 +93,9 @@ void EditorController::keepForUndo(const Template& before) {
         context_.showStatus(error->text(context_.session.language()));
 }
 
-void EditorController::refresh() {
+void EditorController::refresh(bool anotherTemplate) {
+    if (anotherTemplate)
+        snapshot_.forget();
     areas_.reset();
 }
 
@@ -153,6 +155,9 @@ void EditorController::showTemplate() {
                              translateCounter(language, counters.MsgPagina));
     if (actions_.deletePage)
         actions_.deletePage->setEnabled(pages_.canDeletePage());
+    if (actions_.undo)
+        actions_.undo->setEnabled(snapshot_.canUndo());
+    views_.window.setWindowModified(context_.session.tmpl.Modified);
     emit templateChanged();
 }
 

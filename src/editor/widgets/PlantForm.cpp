@@ -403,9 +403,14 @@ void PlantForm::showWindowList() {
     // Our own windows are no target; they are known by title, as window ids
     // from the window system and from the toolkit need not share one space.
     QStringList ours;
-    for (const QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible())
-            ours.append(window->windowTitle());
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible())
+            continue;
+        // As the window system shows it: "[*]" becomes "*" while modified.
+        QString title = window->windowTitle();
+        ours.append(title.replace(QStringLiteral("[*]"),
+                                  window->isWindowModified() ? QStringLiteral("*") : QString()));
+    }
     windowMenu_->clear();
     for (const WindowInfo& window : windows_.topLevelWindows()) {
         if (ours.contains(window.title) || window.title.trimmed().isEmpty())
