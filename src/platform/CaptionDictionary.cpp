@@ -493,6 +493,9 @@ constexpr CaptionPair kCaptions[] = {
     {u"L'idioma de la veu", u"El idioma de la voz"},
     {u"La veu que llegeix", u"La voz que lee"},
     {u"La velocitat de lectura", u"La velocidad de lectura"},
+    {u"&Sí", u"&Sí"},
+    {u"&No", u"&No"},
+    {u"&Cancel·lar", u"&Cancelar"},
 };
 
 const QHash<QString, QString>& spanishCaptions() {

@@ -52,12 +52,12 @@ protected:
 };
 
 TEST_F(DocumentControllerTest, CancelKeepsTheUnsavedTemplateNoDropsItAndOpens) {
-    openAnswering(QStringLiteral("Cancel·lar"));
+    openAnswering(QStringLiteral("&Cancel·lar"));
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("sense desar"));
     EXPECT_TRUE(tmpl.Modified);
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)[*]"));
     EXPECT_TRUE(window.isWindowModified()) << "the title marks unsaved changes";
-    openAnswering(QStringLiteral("No"));
+    openAnswering(QStringLiteral("&No"));
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("desat"));
     EXPECT_FALSE(tmpl.Modified) << "a Template just read equals its file";
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - ") + path + QStringLiteral("[*]"));
@@ -70,7 +70,7 @@ TEST_F(DocumentControllerTest, YesSavesFirstThroughTheSaveDialog) {
     const QString first = QDir(home.path()).filePath(QStringLiteral("primera.mvw"));
     whenModal(
         [this, first](QWidget* modal) {
-            buttonNamed(modal, QStringLiteral("Sí"))->click();
+            buttonNamed(modal, QStringLiteral("&Sí"))->click();
             auto* poll = new QTimer(modal->parent());
             QObject::connect(poll, &QTimer::timeout, [poll, first] {
                 auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());

@@ -250,6 +250,8 @@ TEST_F(EditorWindowTest, SpanishAndBackAgainWithADialogOpen) {
     EXPECT_EQ(pageCounter()->text(), QStringLiteral("1/3 páginas"));
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sin nombre)[*]"));
     EXPECT_EQ(window.pageFrame()->nameField()->text(), QStringLiteral("Página nueva"));
+    const auto toolkitText = [] { return QCoreApplication::translate("QFileSystemModel", "Name"); };
+    EXPECT_EQ(toolkitText(), QStringLiteral("Nombre")) << "install qt6-translations-l10n";
     whenModal(
         [this](QWidget* modal) {
             EXPECT_EQ(modal->windowTitle(), QStringLiteral("Subdividir el área"));
@@ -261,6 +263,7 @@ TEST_F(EditorWindowTest, SpanishAndBackAgainWithADialogOpen) {
         [this] { actions().subdivide->trigger(); });
     EXPECT_EQ(menus[0]->text(), QStringLiteral("&Fitxers"));
     EXPECT_EQ(areaCounter()->text(), QStringLiteral("1/1 àrees"));
+    EXPECT_EQ(toolkitText(), QStringLiteral("Nom"));
     EXPECT_EQ(window.pageFrame()->title(), QStringLiteral("Obrir models de pàgina"));
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)[*]"));
     window.pageFrame()->confirmButton()->click();
