@@ -85,7 +85,7 @@ void DocumentController::openWithDialog() {
         chooseFileToOpen(&window_, context_.session.language(), kTemplateTitle,
                          {{QStringLiteral("Tauleta Windows"), {QStringLiteral("*.mvw")}},
                           {QStringLiteral("Tauleta MS-DOS"), {QStringLiteral("*.mvd")}}},
-                         context_.session.workingFolder());
+                         startFolder(context_.session, recent_.files()));
     if (!path.isEmpty())
         open(path);
 }
@@ -136,7 +136,8 @@ bool DocumentController::saveWithDialog(bool saveAs) {
                : QList<FileFilter>{
                      {QStringLiteral("Teclat pantalla Windows"), {QStringLiteral("*.mvw")}}};
     int filter = 0;
-    const QString start = t.isUntitled() ? context_.session.workingFolder() : saveName(t, saveAs);
+    const QString start =
+        t.isUntitled() ? startFolder(context_.session, recent_.files()) : saveName(t, saveAs);
     QString path =
         chooseFileToSave(&window_, context_.session.language(), kSaveTitle, filters, start,
                          saveAs ? QStringLiteral("MVW") : QStringLiteral("mvw"), &filter);

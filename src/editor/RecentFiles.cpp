@@ -1,5 +1,9 @@
 #include "editor/RecentFiles.h"
 
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
 namespace mervak {
 
 namespace {
@@ -44,6 +48,24 @@ bool RecentFiles::store(const QStringList& files, QString* error) const {
     for (int n = 1; n <= kMaxFiles; ++n)
         entries.append({keyFor(n), n <= files.size() ? files[n - 1] : QString()});
     return profile_.writeStrings(kSection, entries, error);
+}
+
+QString startFolder(const Session& session, const QStringList& recentFiles) {
+    const Template& t = session.tmpl;
+    if (!t.isUntitled())
+        return QFileInfo(t.TemplateFileName).absolutePath();
+    const auto same = [](const QString& a, const QString& b) {
+        return QDir::cleanPath(QDir(a).absolutePath()) == QDir::cleanPath(QDir(b).absolutePath());
+    };
+    if (!session.workingFolder().isEmpty() && !same(session.workingFolder(), session.homeFolder))
+        return session.workingFolder();
+    for (const QString& file : recentFiles) {
+        const QFileInfo recent(file);
+        if (recent.absoluteDir().exists())
+            return recent.absolutePath();
+    }
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
 } // namespace mervak

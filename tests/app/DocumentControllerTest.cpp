@@ -5,6 +5,7 @@
 #include "template/TemplateFile.h"
 
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -139,6 +140,47 @@ TEST_F(DocumentControllerTest, AnUntitledTemplateSavedElsewhereFindsItsFilesFrom
             << name;
     EXPECT_TRUE(
         QFileInfo(QDir(workingFolder).filePath(QStringLiteral("el joc.sh"))).isExecutable());
+}
+
+// A folder copied whole to another machine keeps working; stored Windows paths
+// and files elsewhere stay as they were.
+TEST_F(DocumentControllerTest, FilesBesideTheTemplateAreStoredRelativeToIt) {
+    QTemporaryDir classe;
+    const QDir folder(classe.path());
+    ASSERT_TRUE(folder.mkpath(QStringLiteral("sons")));
+    tmpl.NewTemplate();
+    tmpl.FitxGraf = folder.filePath(QStringLiteral("fons.png"));
+    Area area = makeArea(0, 0, 60, 60, 1,
+                         QStringLiteral("{|Sona %1}{|Enganxa C:\\PLANT\\a.bmp}")
+                             .arg(folder.filePath(QStringLiteral("sons/bell.WAV"))));
+    area.Clip = home.filePath(QStringLiteral("dibuix.bmp"));
+    tmpl.AppendArea(area);
+    const QString saved = folder.filePath(QStringLiteral("classe.mvw"));
+    const auto saveAnswering = [this](const QString& file, QString* startedIn) {
+        whenModal(
+            [file, startedIn](QWidget* modal) {
+                auto* dialog = qobject_cast<QFileDialog*>(modal);
+                *startedIn = dialog->directory().absolutePath();
+                // Typed whole: selectFile() races the dialog's listing of the start folder.
+                dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(file);
+                QMetaObject::invokeMethod(dialog, "accept");
+            },
+            [this] { EXPECT_TRUE(document.save()); });
+    };
+    QString startedIn;
+    saveAnswering(saved, &startedIn);
+    EXPECT_NE(startedIn, QDir(home.path()).absolutePath()) << "never beside MERVAK.INI";
+    Template written;
+    ASSERT_FALSE(loadTemplateFile(saved, written));
+    EXPECT_EQ(written.FitxGraf, QStringLiteral("fons.png"));
+    EXPECT_EQ(written.area(1).ActionText, "{|Sona sons\\bell.WAV}{|Enganxa C:\\PLANT\\a.bmp}");
+    EXPECT_EQ(written.area(1).Clip, area.Clip) << "outside the folder";
+    EXPECT_EQ(tmpl.FitxGraf, written.FitxGraf) << "what is open is what is on disk";
+
+    document.newTemplate();
+    workingFolder = home.path(); // as at start
+    saveAnswering(folder.filePath(QStringLiteral("altra.mvw")), &startedIn);
+    EXPECT_EQ(startedIn, folder.absolutePath()) << "the folder used last";
 }
 
 TEST_F(DocumentControllerTest, AnUnchangedTemplateIsReplacedWithoutAsking) {

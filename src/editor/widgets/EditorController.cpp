@@ -1,9 +1,11 @@
 #include "editor/widgets/EditorController.h"
 
+#include "editor/RecentFiles.h"
 #include "editor/widgets/Captions.h"
 #include "editor/widgets/Dialogs.h"
 #include "editor/widgets/GridDialog.h"
 #include "platform/PathResolver.h"
+#include "platform/Settings.h"
 #include "template/PageModel.h"
 
 #include <QAction>
@@ -267,8 +269,9 @@ QString EditorController::chooseCommandFile(const CommandEntry& entry) {
         break;
     }
     filters.append({Message(language, Msg::AllFiles), {QStringLiteral("*")}});
+    const RecentFiles recent(PrivateProfile(settingsFilePath(context_.session.homeFolder)));
     return chooseFileToOpen(&views_.window, language, entry.menuPath.last(), filters,
-                            context_.session.workingFolder());
+                            startFolder(context_.session, recent.files()));
 }
 
 void EditorController::insertCommand(const CommandEntry& entry) {
