@@ -50,6 +50,33 @@ bool RecentFiles::store(const QStringList& files, QString* error) const {
     return profile_.writeStrings(kSection, entries, error);
 }
 
+QStringList recentFileLabels(const QStringList& paths) {
+    const auto namesake = [](const QFileInfo& a, const QFileInfo& b) {
+        return a.fileName().compare(b.fileName(), Qt::CaseInsensitive) == 0;
+    };
+    QStringList labels;
+    for (const QString& path : paths) {
+        const QFileInfo file(path);
+        int sameName = 0;
+        int sameFolderName = 0;
+        for (const QString& other : paths) {
+            const QFileInfo otherFile(other);
+            if (!namesake(file, otherFile))
+                continue;
+            ++sameName;
+            if (otherFile.dir().dirName() == file.dir().dirName())
+                ++sameFolderName;
+        }
+        QString label = file.fileName();
+        if (sameName > 1)
+            label +=
+                QStringLiteral(" — ") +
+                (sameFolderName > 1 ? QDir::toNativeSeparators(file.path()) : file.dir().dirName());
+        labels.append(label);
+    }
+    return labels;
+}
+
 QString startFolder(const Session& session, const QStringList& recentFiles) {
     const Template& t = session.tmpl;
     if (!t.isUntitled())

@@ -200,6 +200,7 @@ TEST_F(DocumentControllerTest, AnOpenedFileIsListedInTheRecentFilesMenu) {
     ASSERT_NE(recent, nullptr);
     ASSERT_EQ(recent->actions().size(), 1);
     EXPECT_EQ(recent->actions()[0]->text(), QStringLiteral("&1 classe.mvw"));
+    EXPECT_EQ(recent->actions()[0]->toolTip(), home.path()) << "its folder";
 }
 
 TEST_F(DocumentControllerTest, ABrokenFileIsRefusedWithItsMessage) {

@@ -195,7 +195,9 @@ TEST_F(EditorWindowTest, CommandsFromTheMenuAndTheEnterKeyGoIntoTheActionText) {
     EXPECT_EQ(text->textCursor().selectedText(), QStringLiteral("x"));
     QTest::keyClicks(text, QStringLiteral("15"));
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola{ENTER}{|Mouse M 15 y }"));
+    status = QStringLiteral("Notació incorrecta");
     window.panel()->tryButton()->click();
+    EXPECT_TRUE(status.isEmpty()) << "what a failed try left goes";
     EXPECT_EQ(ran, QStringList{QStringLiteral("hola{ENTER}{|Mouse M 15 y }")});
     actions().undo->trigger();
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola")) << "the typing is one step";

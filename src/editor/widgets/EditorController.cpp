@@ -46,8 +46,11 @@ void EditorController::wirePanel() {
     connect(&panel, &AreaPanel::repeatReadingsToggled, &areas_, &AreaEditor::setRepeatReadings);
     connect(&panel, &AreaPanel::tryClicked, this, [this] {
         const QString text = views_.panel.actionText()->text();
-        if (!text.isEmpty())
-            context_.runActionText(text);
+        if (text.isEmpty())
+            return;
+        // What an earlier try left in the status line is not this one's.
+        context_.showStatus(QString());
+        context_.runActionText(text);
     });
     connect(panel.commands(), &CommandMenu::commandChosen, this, &EditorController::insertCommand);
     connect(panel.commands(), &CommandMenu::textChosen, this, &EditorController::insertText);
