@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
   build-essential cmake ninja-build pkg-config clang-format clang clang-tidy
-  qt6-base-dev qt6-base-dev-tools qt6-serialport-dev qt6-multimedia-dev
+  qt6-base-dev qt6-base-dev-tools qt6-serialport-dev qt6-multimedia-dev qt6-translations-l10n
   libgl-dev libxkbcommon-dev
   libx11-dev libxtst-dev
   libespeak-ng-dev espeak-ng-data libfluidsynth-dev timgm6mb-soundfont libpulse-dev

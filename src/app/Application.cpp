@@ -72,14 +72,14 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
                                   status},
         EditorController::Views{window_, *window_.sheetPane(), *window_.panel(),
                                 *window_.pageFrame()});
-    document_ =
-        std::make_unique<DocumentController>(DocumentController::Context{session_,
-                                                                         [this] {
-                                                                             editor_->refresh();
-                                                                             applyTemplateSpeech();
-                                                                         },
-                                                                         status},
-                                             window_);
+    document_ = std::make_unique<DocumentController>(
+        DocumentController::Context{session_,
+                                    [this](bool another) {
+                                        editor_->refresh(another);
+                                        applyTemplateSpeech();
+                                    },
+                                    status},
+        window_);
     wireWindow();
     wireEditor();
     wireRunner();
@@ -158,6 +158,7 @@ void Application::wireWindow() {
     connect(&window_, &MainWindow::soundToggled, this, [this](bool on) {
         session_.tmpl.SoundActive = on ? -1 : 0;
         session_.tmpl.Modified = true;
+        window_.setWindowModified(true);
     });
     connect(&window_, &MainWindow::virtualTabletToggled, this, &Application::showVirtualTablet);
     connect(&window_, &MainWindow::activateTargetRequested, this, &Application::activateTarget);
@@ -289,9 +290,12 @@ void Application::editProperties() {
 // The virtual tablet shows the pupil's sheet: the Areas without the editor's marks.
 void Application::refreshVirtualTablet() {
     QList<SheetArea> areas = editor_->sheetAreas();
-    for (SheetArea& area : areas)
+    for (SheetArea& area : areas) {
         area.selected = false;
+        area.number = 0;
+    }
     SheetView* sheet = virtualTablet_.sheet();
+    sheet->setSheetSize(sheetSizeMm(session_.tmpl));
     sheet->setPicture(editor_->sheetPicture());
     sheet->setAreas(areas);
     window_.setSoundChecked(session_.tmpl.SoundActive != 0);

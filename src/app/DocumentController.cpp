@@ -46,8 +46,10 @@ QString DocumentController::title() const {
     return windowTitle(t);
 }
 
+// Qt's "[*]" shows an asterisk while the Template has unsaved changes.
 void DocumentController::refreshTitle() {
-    window_.setWindowTitle(title());
+    window_.setWindowTitle(title() + QStringLiteral("[*]"));
+    window_.setWindowModified(context_.session.tmpl.Modified);
 }
 
 void DocumentController::refreshRecentFiles() {
@@ -73,7 +75,7 @@ void DocumentController::newTemplate() {
         return;
     context_.session.tmpl.NewTemplate();
     refreshTitle();
-    context_.templateReplaced();
+    context_.templateReplaced(true);
 }
 
 void DocumentController::openWithDialog() {
@@ -83,7 +85,7 @@ void DocumentController::openWithDialog() {
         chooseFileToOpen(&window_, context_.session.language(), kTemplateTitle,
                          {{QStringLiteral("Tauleta Windows"), {QStringLiteral("*.mvw")}},
                           {QStringLiteral("Tauleta MS-DOS"), {QStringLiteral("*.mvd")}}},
-                         context_.session.workingFolder());
+                         startFolder(context_.session, recent_.files()));
     if (!path.isEmpty())
         open(path);
 }
@@ -112,7 +114,7 @@ bool DocumentController::open(const QString& path) {
         remember(context_.session.tmpl.TemplateFileName);
     }
     refreshTitle();
-    context_.templateReplaced();
+    context_.templateReplaced(true);
     return !outcome.error;
 }
 
@@ -134,7 +136,8 @@ bool DocumentController::saveWithDialog(bool saveAs) {
                : QList<FileFilter>{
                      {QStringLiteral("Teclat pantalla Windows"), {QStringLiteral("*.mvw")}}};
     int filter = 0;
-    const QString start = t.isUntitled() ? context_.session.workingFolder() : saveName(t, saveAs);
+    const QString start =
+        t.isUntitled() ? startFolder(context_.session, recent_.files()) : saveName(t, saveAs);
     QString path =
         chooseFileToSave(&window_, context_.session.language(), kSaveTitle, filters, start,
                          saveAs ? QStringLiteral("MVW") : QStringLiteral("mvw"), &filter);
@@ -151,7 +154,7 @@ bool DocumentController::saveWithDialog(bool saveAs) {
     context_.session.workingFolder() =
         QFileInfo(context_.session.tmpl.TemplateFileName).absolutePath();
     remember(context_.session.tmpl.TemplateFileName);
-    context_.templateReplaced();
+    context_.templateReplaced(false);
     return true;
 }
 

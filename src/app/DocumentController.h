@@ -18,7 +18,9 @@ class DocumentController : public QObject {
 public:
     struct Context {
         Session& session; // its WorkingFolder moves to the folder of each Template opened
-        std::function<void()> templateReplaced; // the views show the Template again
+        // The views show the Template again; `another` when it is no longer the
+        // one edited before (new, opened), so that its undo is not offered.
+        std::function<void(bool another)> templateReplaced;
         std::function<void(const QString&)> showStatus;
     };
 

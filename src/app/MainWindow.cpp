@@ -1,9 +1,11 @@
 #include "app/MainWindow.h"
 
+#include "editor/RecentFiles.h"
 #include "editor/widgets/Captions.h"
 
 #include <QActionGroup>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QMenuBar>
@@ -252,14 +254,16 @@ void MainWindow::setVirtualTabletChecked(bool checked) {
     virtualTablet_->setChecked(checked);
 }
 
+// Each entry's tool tip is its folder.
 void MainWindow::setRecentFiles(const QStringList& paths) {
     recent_->clear();
+    recent_->setToolTipsVisible(true);
+    const QStringList labels = recentFileLabels(paths);
     for (int i = 0; i < paths.size(); ++i) {
         const QString& path = paths[i];
-        const QString text = QStringLiteral("&%1 %2").arg(i + 1).arg(QFileInfo(path).fileName());
-        QAction* action = recent_->addAction(text);
-        action->setToolTip(path);
-        action->setStatusTip(path);
+        QAction* action = recent_->addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(labels[i]));
+        action->setToolTip(QDir::toNativeSeparators(QFileInfo(path).absolutePath()));
+        action->setStatusTip(QDir::toNativeSeparators(path));
         connect(action, &QAction::triggered, this, [this, path] { emit recentFileChosen(path); });
     }
     recent_->setEnabled(!paths.isEmpty());

@@ -268,14 +268,13 @@ bool AreaEditor::subdivide(int columns, int rows) {
 
 bool AreaEditor::undo() {
     const int16_t page = t_.CurrentPage;
+    const int16_t selection = t_.SelectedArea;
     if (auto error = context_.snapshot.run(t_, UndoSnapshot::Mode::Undo)) {
         emit problem(error->text(context_.session.language()));
         return false;
     }
     t_.CurrentPage = std::clamp<int16_t>(page, 1, std::max<int16_t>(t_.PageCount, 1));
-    t_.SelectedArea = 0;
-    t_.CurrentArea = 0;
-    t_.refreshPageAreaCount();
+    t_.SelectedArea = selection; // kept by reset() when that Area is still on the page
     t_.Modified = true;
     atStart_ = false;
     reset();

@@ -72,7 +72,7 @@ public:
     bool subdivide(int columns, int rows);
 
     // Puts back the Template of the last snapshot, on the page shown (when it
-    // still exists) and with nothing selected.
+    // still exists), with the same Area selected when it is still there.
     bool undo();
 
     // A mouse drag on the selected Area, measured from where it started.

@@ -1,5 +1,7 @@
 #include "editor/AreaGeometry.h"
 
+#include "template/Template.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -30,6 +32,17 @@ SheetRect moved(const SheetRect& r, int dx, int dy) {
 
 int16_t clampToSheet(int value) {
     return static_cast<int16_t>(std::clamp(value, 0, static_cast<int>(kSheetUnits)));
+}
+
+QSizeF sheetSizeMm(const Template& t) {
+    return {static_cast<qreal>(t.SheetWidthMm), static_cast<qreal>(t.SheetHeightMm)};
+}
+
+QRectF pictureRect(QSizeF picture, const QRectF& sheet) {
+    if (picture.isEmpty())
+        return sheet;
+    const QSizeF fitted = picture.scaled(sheet.size(), Qt::KeepAspectRatio);
+    return {sheet.center() - QPointF(fitted.width() / 2, fitted.height() / 2), fitted};
 }
 
 SheetRect rectOf(const Area& area) {

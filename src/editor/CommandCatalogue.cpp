@@ -32,7 +32,7 @@ QList<CommandEntry> keyEntries() {
         entry({kKeys, "Tabulador"}, "{TAB}"),
         entry({kKeys, "Retrocés"}, "{BS}"),
         entry({kKeys, "Suprimir"}, "{DEL}"),
-        entry({kKeys, "Escapada"}, "{ESC}"),
+        entry({kKeys, "Escapament"}, "{ESC}"),
         entry({kKeys, "Inici"}, "{HOME}"),
         entry({kKeys, "Fi"}, "{END}"),
         entry({kKeys, "Re Pàg"}, "{PGUP}"),

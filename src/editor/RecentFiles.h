@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/PrivateProfile.h"
+#include "session/Session.h"
 
 #include <QStringList>
 
@@ -31,5 +32,16 @@ private:
 
     PrivateProfile profile_;
 };
+
+// How the menu names each of `paths`: its file name, and after it the name of
+// its folder when another entry has the same file name (the whole folder when
+// that is shared too), so that two Templates of the same name tell apart.
+QStringList recentFileLabels(const QStringList& paths);
+
+// Where the file dialogs start: the open Template's folder. For an untitled
+// Template, the working folder unless that is still the home folder (MERVAK.INI
+// and the undo snapshot are no place for a teacher's files), then the folder of
+// the newest of `recentFiles` that still exists, else the user's documents.
+QString startFolder(const Session& session, const QStringList& recentFiles);
 
 } // namespace mervak

@@ -19,7 +19,9 @@ std::optional<TemplateError> UndoSnapshot::run(Template& t, Mode mode) {
 }
 
 std::optional<TemplateError> UndoSnapshot::take(const Template& t) {
-    return writeFileBytes(snapshotPath(), writeMvw(t));
+    auto error = writeFileBytes(snapshotPath(), writeMvw(t));
+    m_canUndo = !error;
+    return error;
 }
 
 std::optional<TemplateError> UndoSnapshot::undo(Template& t) {
@@ -34,6 +36,7 @@ std::optional<TemplateError> UndoSnapshot::undo(Template& t) {
         return error;
     restored.TemplateFileName = t.TemplateFileName;
     t = std::move(restored);
+    m_canUndo = false;
     return std::nullopt;
 }
 

@@ -28,8 +28,15 @@ public:
     // snapshot or it does not read, `t` is left as it was.
     std::optional<TemplateError> undo(Template& t);
 
+    // True once a snapshot was taken for the open Template and not yet undone:
+    // the one left by an earlier run, or by another Template, is not its past.
+    bool canUndo() const { return m_canUndo; }
+    // The open Template was replaced by another.
+    void forget() { m_canUndo = false; }
+
 private:
     QString m_homeFolder;
+    bool m_canUndo = false;
 };
 
 } // namespace mervak

@@ -17,6 +17,12 @@ constexpr AreaRecordLayout kRecordWithClipFlag{true, true};     // .mvw version 
 constexpr AreaRecordLayout kRecordWithoutClipFlag{true, false}; // .mvw version 2
 constexpr AreaRecordLayout kPageModelRecord{false, true};       // .mvp: the page is the target's
 
+// The quoted value that opens the sheet size Mervak stores after the last Area
+// record of a ".mvw": then its width and its height in millimetres.
+inline QString sheetSizeTag() {
+    return QStringLiteral("MidaLamina");
+}
+
 void writeAreaRecord(FieldWriter& out, const Area& a, AreaRecordLayout layout);
 
 // Throws FieldError where the record is malformed.

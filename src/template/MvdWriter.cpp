@@ -139,7 +139,7 @@ private:
             {"TxFinestra", !m_t.TxFinestra.isEmpty()}, {"descripcio", !m_t.descripcio.isEmpty()},
             {"SoundActive", m_t.SoundActive != 0},     {"HeaderFlag", m_t.HeaderFlag != 0},
             {"sv_idioma", m_t.sv_idioma != 0},         {"sv_locutor", m_t.sv_locutor != 0},
-            {"SV_velocitat", m_t.SV_velocitat != 0},
+            {"SV_velocitat", m_t.SV_velocitat != 0},   {"MidaLamina", !m_t.hasTabletSheetSize()},
         };
         for (const auto& [name, present] : fields)
             if (present)

@@ -46,6 +46,17 @@ public:
     int16_t sv_locutor = 0;
     int16_t SV_velocitat = 0;
 
+    // The size of the printed sheet in millimetres, which the sheet units span
+    // edge to edge; the tablet's active surface unless the teacher chose another.
+    // Stored after the last Area record, and only when it is not the tablet's.
+    static constexpr int16_t kTabletWidthMm = 270;
+    static constexpr int16_t kTabletHeightMm = 190;
+    int16_t SheetWidthMm = kTabletWidthMm;
+    int16_t SheetHeightMm = kTabletHeightMm;
+    bool hasTabletSheetSize() const {
+        return SheetWidthMm == kTabletWidthMm && SheetHeightMm == kTabletHeightMm;
+    }
+
     // Editing state, never stored.
     QString TemplateFileName;
     int16_t CurrentPage = 1;

@@ -84,23 +84,23 @@ void keepRealLosses(QList<MvdLoss>& losses, const Template& t, const QString& pa
 SaveOutcome writeWith(Template& t, const QString& path, QByteArray (*layout)(const Template&)) {
     SaveOutcome outcome;
     outcome.path = QFileInfo(path).absoluteFilePath();
-    if (!movesFolder(t, outcome.path)) {
-        outcome.error = writeFileBytes(outcome.path, layout(t));
-    } else {
-        Template moved = t;
+    const QString folder = QFileInfo(outcome.path).absolutePath();
+    Template saved = t;
+    if (movesFolder(t, outcome.path)) {
         const RelocationReport report =
-            relocateFiles(moved, QFileInfo(t.TemplateFileName).absolutePath(),
-                          QFileInfo(outcome.path).absolutePath());
+            relocateFiles(saved, QFileInfo(t.TemplateFileName).absolutePath(), folder);
         outcome.copiedFiles = report.copied;
         outcome.missingFiles = report.missing;
-        outcome.error = report.error ? report.error : writeFileBytes(outcome.path, layout(moved));
-        if (!outcome.error)
-            t = std::move(moved);
+        outcome.error = report.error;
     }
-    if (!outcome.error) {
-        t.TemplateFileName = outcome.path;
-        t.Modified = false;
-    }
+    storeRelativeInside(saved, folder);
+    if (!outcome.error)
+        outcome.error = writeFileBytes(outcome.path, layout(saved));
+    if (outcome.error)
+        return outcome;
+    t = std::move(saved);
+    t.TemplateFileName = outcome.path;
+    t.Modified = false;
     return outcome;
 }
 

@@ -10,6 +10,7 @@
 #include <QHash>
 #include <QSet>
 #include <algorithm>
+#include <utility>
 
 namespace mervak {
 
@@ -111,7 +112,43 @@ void relocateActionText(FileCopier& copier, Area& a) {
     a.ActionText = withReferenceNames(a.ActionText, references, names);
 }
 
+// `stored` relative to `folder` when it is a local absolute path inside it.
+QString relativeInside(const QString& stored, const QDir& folder) {
+    if (!stored.startsWith(u'/'))
+        return stored;
+    const QString relative = folder.relativeFilePath(QDir::cleanPath(stored));
+    if (relative.startsWith(QStringLiteral("..")) || QDir::isAbsolutePath(relative) ||
+        relative == u".")
+        return stored;
+    return QString(relative).replace(u'/', u'\\');
+}
+
+QString actionTextRelativeInside(const QString& actionText, const QDir& folder) {
+    const QList<FileReference> references = fileReferences(actionText);
+    QStringList names;
+    for (const FileReference& reference : references)
+        names.append(relativeInside(reference.name, folder));
+    return withReferenceNames(actionText, references, names);
+}
+
 } // namespace
+
+void storeRelativeInside(Template& t, const QString& folder) {
+    const QDir dir(QDir::cleanPath(QDir(folder).absolutePath()));
+    t.FitxGraf = relativeInside(t.FitxGraf, dir);
+    for (int i = 1; i <= t.AreaCount(); ++i) {
+        // Read first: most Areas name no such file, and writing through
+        // area() would copy a shared array for nothing.
+        const Area& a = std::as_const(t).area(i);
+        const QString clip = relativeInside(a.Clip, dir);
+        const QString text = actionTextRelativeInside(a.ActionText, dir);
+        if (clip != a.Clip || text != a.ActionText) {
+            Area& changed = t.area(i);
+            changed.Clip = clip;
+            changed.ActionText = text;
+        }
+    }
+}
 
 RelocationReport relocateFiles(Template& t, const QString& sourceFolder,
                                const QString& targetFolder) {

@@ -24,6 +24,13 @@ struct RelocationReport {
 RelocationReport relocateFiles(Template& t, const QString& sourceFolder,
                                const QString& targetFolder);
 
+// Names the files that lie inside `folder` by their place there: a sheet image,
+// Clip or "{|Enganxa ...}"/"{|Sona ...}" file stored with a local absolute path
+// into `folder` becomes relative to it ("\" between folders, as stored names
+// have), so that the folder keeps working when copied whole to another machine.
+// Windows paths ("C:\..."), relative names and files elsewhere stay as stored.
+void storeRelativeInside(Template& t, const QString& folder);
+
 // True when saving `t` as `newFile` puts it in another folder than its own
 // file's; never for an untitled Template.
 bool movesFolder(const Template& t, const QString& newFile);

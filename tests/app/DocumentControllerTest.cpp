@@ -5,6 +5,7 @@
 #include "template/TemplateFile.h"
 
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -52,14 +53,16 @@ protected:
 };
 
 TEST_F(DocumentControllerTest, CancelKeepsTheUnsavedTemplateNoDropsItAndOpens) {
-    openAnswering(QStringLiteral("Cancel·lar"));
+    openAnswering(QStringLiteral("&Cancel·lar"));
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("sense desar"));
     EXPECT_TRUE(tmpl.Modified);
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)"));
-    openAnswering(QStringLiteral("No"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)[*]"));
+    EXPECT_TRUE(window.isWindowModified()) << "the title marks unsaved changes";
+    openAnswering(QStringLiteral("&No"));
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("desat"));
     EXPECT_FALSE(tmpl.Modified) << "a Template just read equals its file";
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - ") + path);
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - ") + path + QStringLiteral("[*]"));
+    EXPECT_FALSE(window.isWindowModified());
     EXPECT_EQ(workingFolder, home.path());
     EXPECT_EQ(window.panel()->areaCounter()->text(), QStringLiteral("----- àrees"));
 }
@@ -68,7 +71,7 @@ TEST_F(DocumentControllerTest, YesSavesFirstThroughTheSaveDialog) {
     const QString first = QDir(home.path()).filePath(QStringLiteral("primera.mvw"));
     whenModal(
         [this, first](QWidget* modal) {
-            buttonNamed(modal, QStringLiteral("Sí"))->click();
+            buttonNamed(modal, QStringLiteral("&Sí"))->click();
             auto* poll = new QTimer(modal->parent());
             QObject::connect(poll, &QTimer::timeout, [poll, first] {
                 auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
@@ -139,6 +142,47 @@ TEST_F(DocumentControllerTest, AnUntitledTemplateSavedElsewhereFindsItsFilesFrom
         QFileInfo(QDir(workingFolder).filePath(QStringLiteral("el joc.sh"))).isExecutable());
 }
 
+// A folder copied whole to another machine keeps working; stored Windows paths
+// and files elsewhere stay as they were.
+TEST_F(DocumentControllerTest, FilesBesideTheTemplateAreStoredRelativeToIt) {
+    QTemporaryDir classe;
+    const QDir folder(classe.path());
+    ASSERT_TRUE(folder.mkpath(QStringLiteral("sons")));
+    tmpl.NewTemplate();
+    tmpl.FitxGraf = folder.filePath(QStringLiteral("fons.png"));
+    Area area = makeArea(0, 0, 60, 60, 1,
+                         QStringLiteral("{|Sona %1}{|Enganxa C:\\PLANT\\a.bmp}")
+                             .arg(folder.filePath(QStringLiteral("sons/bell.WAV"))));
+    area.Clip = home.filePath(QStringLiteral("dibuix.bmp"));
+    tmpl.AppendArea(area);
+    const QString saved = folder.filePath(QStringLiteral("classe.mvw"));
+    const auto saveAnswering = [this](const QString& file, QString* startedIn) {
+        whenModal(
+            [file, startedIn](QWidget* modal) {
+                auto* dialog = qobject_cast<QFileDialog*>(modal);
+                *startedIn = dialog->directory().absolutePath();
+                // Typed whole: selectFile() races the dialog's listing of the start folder.
+                dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(file);
+                QMetaObject::invokeMethod(dialog, "accept");
+            },
+            [this] { EXPECT_TRUE(document.save()); });
+    };
+    QString startedIn;
+    saveAnswering(saved, &startedIn);
+    EXPECT_NE(startedIn, QDir(home.path()).absolutePath()) << "never beside MERVAK.INI";
+    Template written;
+    ASSERT_FALSE(loadTemplateFile(saved, written));
+    EXPECT_EQ(written.FitxGraf, QStringLiteral("fons.png"));
+    EXPECT_EQ(written.area(1).ActionText, "{|Sona sons\\bell.WAV}{|Enganxa C:\\PLANT\\a.bmp}");
+    EXPECT_EQ(written.area(1).Clip, area.Clip) << "outside the folder";
+    EXPECT_EQ(tmpl.FitxGraf, written.FitxGraf) << "what is open is what is on disk";
+
+    document.newTemplate();
+    workingFolder = home.path(); // as at start
+    saveAnswering(folder.filePath(QStringLiteral("altra.mvw")), &startedIn);
+    EXPECT_EQ(startedIn, folder.absolutePath()) << "the folder used last";
+}
+
 TEST_F(DocumentControllerTest, AnUnchangedTemplateIsReplacedWithoutAsking) {
     tmpl.Modified = false;
     document.newTemplate();
@@ -156,6 +200,7 @@ TEST_F(DocumentControllerTest, AnOpenedFileIsListedInTheRecentFilesMenu) {
     ASSERT_NE(recent, nullptr);
     ASSERT_EQ(recent->actions().size(), 1);
     EXPECT_EQ(recent->actions()[0]->text(), QStringLiteral("&1 classe.mvw"));
+    EXPECT_EQ(recent->actions()[0]->toolTip(), home.path()) << "its folder";
 }
 
 TEST_F(DocumentControllerTest, ABrokenFileIsRefusedWithItsMessage) {

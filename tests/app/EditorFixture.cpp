@@ -13,7 +13,8 @@ EditorFixture::EditorFixture()
                  [this](const QString& text) { status = text; }},
              EditorController::Views{window, *window.sheetPane(), *window.panel(),
                                      *window.pageFrame()}),
-      document(DocumentController::Context{session, [this] { editor.refresh(); },
+      document(DocumentController::Context{session,
+                                           [this](bool another) { editor.refresh(another); },
                                            [this](const QString& text) { status = text; }},
                window) {
     editor.bindActions(window.editorActions());

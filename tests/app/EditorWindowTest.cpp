@@ -102,6 +102,7 @@ TEST_F(EditorWindowTest, ArrowKeysMoveTheSelectedArea) {
 TEST_F(EditorWindowTest, SplitThreeByTwoThenUndo) {
     actions().subdivide->trigger();
     EXPECT_EQ(beeps, 1) << "nothing selected";
+    EXPECT_FALSE(actions().undo->isEnabled()) << "nothing to undo yet";
     clickOnSheet({80, 80});
     whenModal(
         [](QWidget* modal) {
@@ -114,6 +115,7 @@ TEST_F(EditorWindowTest, SplitThreeByTwoThenUndo) {
     ASSERT_EQ(tmpl.AreaCount(), 8);
     EXPECT_EQ(rectAt(8), (SheetRect{92, 85, 108, 110}));
     EXPECT_EQ(areaCounter()->text(), QStringLiteral("----- àrees"));
+    EXPECT_TRUE(actions().undo->isEnabled());
     actions().undo->trigger();
     EXPECT_EQ(tmpl.AreaCount(), 3);
     EXPECT_EQ(rectAt(1), (SheetRect{60, 60, 110, 110}));
@@ -193,7 +195,9 @@ TEST_F(EditorWindowTest, CommandsFromTheMenuAndTheEnterKeyGoIntoTheActionText) {
     EXPECT_EQ(text->textCursor().selectedText(), QStringLiteral("x"));
     QTest::keyClicks(text, QStringLiteral("15"));
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola{ENTER}{|Mouse M 15 y }"));
+    status = QStringLiteral("Notació incorrecta");
     window.panel()->tryButton()->click();
+    EXPECT_TRUE(status.isEmpty()) << "what a failed try left goes";
     EXPECT_EQ(ran, QStringList{QStringLiteral("hola{ENTER}{|Mouse M 15 y }")});
     actions().undo->trigger();
     EXPECT_EQ(tmpl.area(1).ActionText, QStringLiteral("hola")) << "the typing is one step";
@@ -263,8 +267,10 @@ TEST_F(EditorWindowTest, SpanishAndBackAgainWithADialogOpen) {
     EXPECT_EQ(window.panel()->repeatReadings()->text(), QStringLiteral("Repetición de lecturas"));
     EXPECT_EQ(areaCounter()->text(), QStringLiteral("1/1 áreas"));
     EXPECT_EQ(pageCounter()->text(), QStringLiteral("1/3 páginas"));
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sin nombre)"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sin nombre)[*]"));
     EXPECT_EQ(window.pageFrame()->nameField()->text(), QStringLiteral("Página nueva"));
+    const auto toolkitText = [] { return QCoreApplication::translate("QFileSystemModel", "Name"); };
+    EXPECT_EQ(toolkitText(), QStringLiteral("Nombre")) << "install qt6-translations-l10n";
     whenModal(
         [this](QWidget* modal) {
             EXPECT_EQ(modal->windowTitle(), QStringLiteral("Subdividir el área"));
@@ -276,8 +282,9 @@ TEST_F(EditorWindowTest, SpanishAndBackAgainWithADialogOpen) {
         [this] { actions().subdivide->trigger(); });
     EXPECT_EQ(menus[0]->text(), QStringLiteral("&Fitxers"));
     EXPECT_EQ(areaCounter()->text(), QStringLiteral("1/1 àrees"));
+    EXPECT_EQ(toolkitText(), QStringLiteral("Nom"));
     EXPECT_EQ(window.pageFrame()->title(), QStringLiteral("Obrir models de pàgina"));
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Mervak - (Sense Nom)[*]"));
     window.pageFrame()->confirmButton()->click();
     EXPECT_EQ(tmpl.PageCount, 4) << "the Catalan name means the new empty page";
 }

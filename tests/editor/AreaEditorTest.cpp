@@ -189,16 +189,22 @@ TEST_F(AreaEditorTest, SubdivideAfterItsSnapshot) {
     EXPECT_EQ(tmpl.AreaCount(), 3);
 }
 
-TEST_F(AreaEditorTest, UndoKeepsThePageShown) {
+TEST_F(AreaEditorTest, UndoKeepsThePageShownAndTheSelectionThatStillExists) {
     editor.showPage(2);
     editor.select(2);
+    EXPECT_FALSE(snapshot.canUndo()) << "nothing done yet";
     ASSERT_TRUE(editor.setCoordinate(Coordinate::X1, 100));
+    EXPECT_TRUE(snapshot.canUndo());
     ASSERT_TRUE(editor.undo());
+    EXPECT_FALSE(snapshot.canUndo()) << "one level only";
     EXPECT_EQ(tmpl.CurrentPage, 2);
     EXPECT_EQ(tmpl.area(2).X1, 30);
-    EXPECT_EQ(tmpl.SelectedArea, 0);
+    EXPECT_EQ(tmpl.SelectedArea, 2);
     EXPECT_EQ(tmpl.PageAreaCount, 1);
     EXPECT_TRUE(tmpl.Modified);
+    ASSERT_TRUE(editor.addArea());
+    ASSERT_TRUE(editor.undo());
+    EXPECT_EQ(tmpl.SelectedArea, 0) << "the new Area is gone";
 }
 
 // Without a snapshot undo says so; an unwritable one is reported and the edit goes on.

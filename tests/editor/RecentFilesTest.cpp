@@ -55,5 +55,13 @@ TEST_F(RecentFilesTest, UnwritableFileIsReported) {
     EXPECT_TRUE(nowhere.files().isEmpty());
 }
 
+TEST(RecentFileLabels, TwoTemplatesOfOneNameTellTheirFolders) {
+    const QStringList paths{"/escola/animals.mvw", "/casa/Animals.mvw", "/a/jocs/colors.mvw",
+                            "/b/jocs/colors.mvw", "/b/jocs/formes.mvw"};
+    EXPECT_EQ(recentFileLabels(paths),
+              (QStringList{"animals.mvw — escola", "Animals.mvw — casa", "colors.mvw — /a/jocs",
+                           "colors.mvw — /b/jocs", "formes.mvw"}));
+}
+
 } // namespace
 } // namespace mervak

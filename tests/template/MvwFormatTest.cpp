@@ -3,6 +3,7 @@
 #include "template/MvwReader.h"
 #include "template/MvwWriter.h"
 
+#include <QSize>
 #include <gtest/gtest.h>
 
 namespace mervak {
@@ -81,6 +82,33 @@ TEST(MvwFormat, SaveAsWritesTheVersion1LayoutUnderNumber2) {
     EXPECT_TRUE(t.area(1) == record(1, 2, 3, 4, 1, "hola", 0, 1, "a.bmp")) << "no clip conversion";
     EXPECT_TRUE(t.area(2) == record(5, 6, 7, 8, 2, "adéu", -1, 1));
     EXPECT_EQ(writeMvwSaveAs(t), golden);
+}
+
+// Older readers stop after the last record; other text there is still ignored.
+TEST(MvwFormat, TheSheetSizeFollowsTheLastRecordWhenItIsNotTheTablets) {
+    const QByteArray golden = readAll(dataPath("template/golden-v2.mvw"));
+    const QByteArray a4 = "\"MidaLamina\"\r\n 297 \r\n 210 \r\n";
+    const struct {
+        QByteArray bytes;
+        QSize size;
+    } cases[] = {{golden, {270, 190}},
+                 {golden + a4, {297, 210}},
+                 {golden + "\"MidaLamina\"\r\n 0 \r\n 210 \r\n", {270, 190}},
+                 {golden + "\"altres\"\r\n 297 \r\n 210 \r\n", {270, 190}},
+                 {golden + "brossa", {270, 190}}};
+    for (const auto& c : cases) {
+        Template t;
+        ASSERT_FALSE(readMvw(c.bytes, t)) << c.bytes.mid(golden.size()).data();
+        EXPECT_EQ(QSize(t.SheetWidthMm, t.SheetHeightMm), c.size)
+            << c.bytes.mid(golden.size()).data();
+    }
+    Template t = goldenVersion2();
+    t.SheetWidthMm = 297;
+    t.SheetHeightMm = 210;
+    EXPECT_EQ(writeMvw(t), golden + a4);
+    Template saveAs;
+    ASSERT_FALSE(readMvw(writeMvwSaveAs(t), saveAs));
+    EXPECT_EQ(QSize(saveAs.SheetWidthMm, saveAs.SheetHeightMm), QSize(297, 210));
 }
 
 // Version 0 reads nothing more; a negative revision is not newer.

@@ -5,7 +5,9 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QMenu>
+#include <QTranslator>
 #include <QWidget>
 
 namespace mervak {
@@ -44,6 +46,18 @@ void translateObject(QObject* object, Language language) {
         widget->setWindowTitle(TranslateCaption(language, title.toString()));
 }
 
+// One translator for the program's run, loaded again at each switch.
+void useToolkitLanguage(Language language) {
+    static QTranslator* translator = nullptr;
+    if (!translator)
+        translator = new QTranslator(QCoreApplication::instance());
+    QCoreApplication::removeTranslator(translator);
+    const QString name =
+        language == Language::Spanish ? QStringLiteral("qt_es") : QStringLiteral("qt_ca");
+    if (translator->load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(translator);
+}
+
 } // namespace
 
 void setCaption(QObject* object, const QString& catalan, Language language) {
@@ -68,6 +82,7 @@ void TranslateForm(QWidget* form, Language language) {
 }
 
 void translateAllWindows(Language language) {
+    useToolkitLanguage(language);
     for (QWidget* window : QApplication::topLevelWidgets())
         TranslateForm(window, language);
 }

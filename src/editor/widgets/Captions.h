@@ -29,7 +29,9 @@ void setWindowCaption(QWidget* window, const QString& catalan,
 // `language`: the form's own window title, its widgets, menus and actions.
 void TranslateForm(QWidget* form, Language language);
 
-// Every top-level window of the program, open dialogs included.
+// Every top-level window of the program, open dialogs included, and the
+// toolkit's own texts (file dialogs, context menus, standard buttons) from
+// Qt's Catalan or Spanish translations where they are installed.
 void translateAllWindows(Language language);
 
 // The area and page counters ("2/5 àrees", "----- pàgines") in `language`: the

@@ -60,10 +60,10 @@ QString run(QFileDialog* dialog, int* selectedFilter) {
 SaveAnswer askToSaveChanges(QWidget* parent, Language language, bool canCancel) {
     QMessageBox box(QMessageBox::Question, kTitle, Message(language, Msg::SaveChanges),
                     QMessageBox::NoButton, parent);
-    QPushButton* yes = box.addButton(caption(language, "Sí"), QMessageBox::YesRole);
-    QPushButton* no = box.addButton(caption(language, "No"), QMessageBox::NoRole);
+    QPushButton* yes = box.addButton(caption(language, "&Sí"), QMessageBox::YesRole);
+    QPushButton* no = box.addButton(caption(language, "&No"), QMessageBox::NoRole);
     QPushButton* cancel =
-        canCancel ? box.addButton(caption(language, "Cancel·lar"), QMessageBox::RejectRole)
+        canCancel ? box.addButton(caption(language, "&Cancel·lar"), QMessageBox::RejectRole)
                   : nullptr;
     box.setDefaultButton(yes);
     box.setEscapeButton(cancel ? static_cast<QAbstractButton*>(cancel) : no);

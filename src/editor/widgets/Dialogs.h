@@ -15,7 +15,8 @@ namespace mervak {
 enum class SaveAnswer { Save, Discard, Cancel };
 
 // Message 5, "El fitxer ha estat modificat. Voleu enregistrar-lo?", with the
-// buttons "Sí", "No" and, when `canCancel`, "Cancel·lar".
+// buttons "Sí", "No" and, when `canCancel`, "Cancel·lar", each with its access
+// key (Alt+S, Alt+N, Alt+C).
 SaveAnswer askToSaveChanges(QWidget* parent, Language language, bool canCancel = true);
 
 // Message `number` with the critical icon and the buttons "Acceptar" and

@@ -2,10 +2,12 @@
 
 #include "action/ActionMessages.h"
 #include "action/KeysPreview.h"
+#include "editor/RecentFiles.h"
 #include "editor/widgets/Captions.h"
 #include "editor/widgets/Dialogs.h"
 #include "editor/widgets/GridDialog.h"
 #include "platform/PathResolver.h"
+#include "platform/Settings.h"
 #include "template/PageModel.h"
 
 #include <QAction>
@@ -46,8 +48,11 @@ void EditorController::wirePanel() {
     connect(&panel, &AreaPanel::repeatReadingsToggled, &areas_, &AreaEditor::setRepeatReadings);
     connect(&panel, &AreaPanel::tryClicked, this, [this] {
         const QString text = views_.panel.actionText()->text();
-        if (!text.isEmpty())
-            context_.runActionText(text);
+        if (text.isEmpty())
+            return;
+        // What an earlier try left in the status line is not this one's.
+        context_.showStatus(QString());
+        context_.runActionText(text);
     });
     connect(panel.commands(), &CommandMenu::commandChosen, this, &EditorController::insertCommand);
     connect(panel.commands(), &CommandMenu::textChosen, this, &EditorController::insertText);
@@ -95,7 +100,9 @@ void EditorController::keepForUndo(const Template& before) {
         context_.showStatus(error->text(context_.session.language()));
 }
 
-void EditorController::refresh() {
+void EditorController::refresh(bool anotherTemplate) {
+    if (anotherTemplate)
+        snapshot_.forget();
     areas_.reset();
 }
 
@@ -112,9 +119,12 @@ void EditorController::retranslate() {
 QList<SheetArea> EditorController::sheetAreas() const {
     const Template& t = context_.session.tmpl;
     QList<SheetArea> areas;
-    for (const int16_t index : t.areasOfPage(t.CurrentPage)) {
+    const QList<int16_t> page = t.areasOfPage(t.CurrentPage);
+    for (int ordinal = 1; ordinal <= page.size(); ++ordinal) {
+        const int16_t index = page[ordinal - 1];
         const Area& area = t.area(index);
-        areas.append({rectOf(area), context_.areaLabel(area.ActionText), index == t.SelectedArea});
+        areas.append(
+            {rectOf(area), context_.areaLabel(area.ActionText), index == t.SelectedArea, ordinal});
     }
     return areas;
 }
@@ -141,6 +151,7 @@ QImage EditorController::sheetPicture() {
 void EditorController::showTemplate() {
     const Language language = context_.session.language();
     SheetView* sheet = views_.pane.sheet();
+    sheet->setSheetSize(sheetSizeMm(context_.session.tmpl));
     sheet->setPicture(sheetPicture());
     sheet->setAreas(sheetAreas());
     const Area* selected = areas_.selected();
@@ -152,6 +163,9 @@ void EditorController::showTemplate() {
                              translateCounter(language, counters.MsgPagina));
     if (actions_.deletePage)
         actions_.deletePage->setEnabled(pages_.canDeletePage());
+    if (actions_.undo)
+        actions_.undo->setEnabled(snapshot_.canUndo());
+    views_.window.setWindowModified(context_.session.tmpl.Modified);
     emit templateChanged();
 }
 
@@ -275,8 +289,9 @@ QString EditorController::chooseCommandFile(const CommandEntry& entry) {
         break;
     }
     filters.append({Message(language, Msg::AllFiles), {QStringLiteral("*")}});
+    const RecentFiles recent(PrivateProfile(settingsFilePath(context_.session.homeFolder)));
     return chooseFileToOpen(&views_.window, language, entry.menuPath.last(), filters,
-                            context_.session.workingFolder());
+                            startFolder(context_.session, recent.files()));
 }
 
 void EditorController::insertCommand(const CommandEntry& entry) {

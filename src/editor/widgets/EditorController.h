@@ -46,8 +46,9 @@ public:
     // elsewhere (the properties dialog).
     void keepForUndo(const Template& before);
 
-    // Shows the Template again after it was replaced or changed elsewhere.
-    void refresh();
+    // Shows the Template again after it was replaced or changed elsewhere;
+    // `anotherTemplate` forgets the undo, which belongs to the one before.
+    void refresh(bool anotherTemplate = false);
     void retranslate();
 
     void setDrawMode(bool on);

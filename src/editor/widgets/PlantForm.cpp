@@ -27,6 +27,7 @@
 #include <QToolButton>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace mervak {
 
@@ -35,6 +36,29 @@ namespace {
 constexpr QSize kPreviewSize(220, 165);
 constexpr int kPromptData = -1; // item data of the picker rows that are no entry
 constexpr int kOtherData = -2;
+constexpr int kMinSheetMm = 20;
+constexpr int kMaxSheetMm = 1000;
+
+// What each field is for, by the object name of its control.
+constexpr std::pair<const char*, const char*> kFieldTips[] = {
+    {"FitxGraf", "La imatge de la làmina que es posa sobre la tauleta"},
+    {"Pathdefault", "La carpeta on es busquen els fitxers amb nom relatiu"},
+    {"FitxClip", "La carpeta dels dibuixos que enganxen les àrees"},
+    {"FitxDoc", "Un document per al mestre sobre la plantilla"},
+    {"descripcio", "Una descripció breu de la plantilla"},
+    {"SheetWidthMm", "L'amplada de la làmina impresa; la de la tauleta és 270 mm"},
+    {"SheetHeightMm", "L'alçada de la làmina impresa; la de la tauleta és 190 mm"},
+    {"TxFinestra", "El títol de la finestra que rep les tecles, o el seu començament"},
+    {"triaFinestra", "Tria una de les finestres obertes"},
+    {"Ordres", "L'ordre que engega l'aplicació"},
+    {"programes", "Posa a Ordres un programa de MACROS.INI"},
+    {"Tecles", "Les tecles de la plantilla"},
+    {"macros", "Insereix a Tecles una macro de MACROS.INI"},
+    {"SoundActive", "Fa sonar els sons i la veu de les àrees"},
+    {"sv_idioma", "L'idioma de la veu"},
+    {"sv_locutor", "La veu que llegeix"},
+    {"SV_velocitat", "La velocitat de lectura"},
+};
 
 QLineEdit* field(const char* name) {
     auto* edit = new QLineEdit;
@@ -106,8 +130,9 @@ PlantForm::PlantForm(const Template& t, WindowSystem& windows, const MacroCatalo
       ordres_(field("Ordres")), fitxDoc_(field("FitxDoc")), descripcio_(field("descripcio")),
       soundActive_(new QCheckBox), svIdioma_(new QComboBox), svLocutor_(new QSpinBox),
       voiceName_(new QLabel), voices_(std::move(voices)), svVelocitat_(new QSpinBox),
-      programs_(new QComboBox), macros_(new QComboBox), windowButton_(new QToolButton),
-      windowMenu_(new QMenu(this)), preview_(new QLabel) {
+      sheetWidth_(new QSpinBox), sheetHeight_(new QSpinBox), programs_(new QComboBox),
+      macros_(new QComboBox), windowButton_(new QToolButton), windowMenu_(new QMenu(this)),
+      preview_(new QLabel) {
     setObjectName(QStringLiteral("PlantForm"));
     if (!t.isUntitled())
         templateFolder_ = QFileInfo(t.TemplateFileName).absolutePath();
@@ -133,6 +158,9 @@ void PlantForm::buildLayout(Language language, bool withPathDefault) {
     layout->addLayout(buttonRow(language));
     fillPickers(language);
     alignLabels();
+    for (const auto& [name, tip] : kFieldTips)
+        if (auto* control = findChild<QWidget*>(QString::fromLatin1(name)))
+            setToolTipCaption(control, QString::fromUtf8(tip), language);
 }
 
 // Picture, folders, documentation and description, with the picture's preview.
@@ -168,6 +196,7 @@ QGroupBox* PlantForm::sheetGroup(Language language, bool withPathDefault) {
                language);
     addFormRow(form, "Documentació:", fitxDoc_, row({fitxDoc_, docButton, viewDoc}), language);
     addFormRow(form, "Descripció:", descripcio_, row({descripcio_}), language);
+    addFormRow(form, "Mida de la làmina:", sheetWidth_, sheetSizeRow(), language);
 
     preview_->setObjectName(QStringLiteral("preview"));
     preview_->setFixedSize(kPreviewSize);
@@ -180,6 +209,19 @@ QGroupBox* PlantForm::sheetGroup(Language language, bool withPathDefault) {
     layout->addLayout(form, 1);
     layout->addWidget(preview_, 0, Qt::AlignTop);
     return box;
+}
+
+// Width × height in millimetres: what the sheet units span, on the screen and on paper.
+QHBoxLayout* PlantForm::sheetSizeRow() {
+    sheetWidth_->setObjectName(QStringLiteral("SheetWidthMm"));
+    sheetHeight_->setObjectName(QStringLiteral("SheetHeightMm"));
+    for (QSpinBox* spin : {sheetWidth_, sheetHeight_}) {
+        spin->setRange(kMinSheetMm, kMaxSheetMm);
+        spin->setSuffix(QStringLiteral(" mm"));
+    }
+    auto* layout = row({sheetWidth_, new QLabel(QStringLiteral("×")), sheetHeight_});
+    layout->addStretch(1);
+    return layout;
 }
 
 // The target window, the command line and the keys, with their pickers.
@@ -278,6 +320,8 @@ void PlantForm::load(const Template& t, const QString* pathDefault) {
     svIdioma_->setCurrentIndex(t.sv_idioma == 1 ? 1 : 0);
     svLocutor_->setValue(t.sv_locutor);
     svVelocitat_->setValue(t.SV_velocitat);
+    sheetWidth_->setValue(t.SheetWidthMm);
+    sheetHeight_->setValue(t.SheetHeightMm);
     for (QLineEdit* edit : findChildren<QLineEdit*>())
         edit->setCursorPosition(0);
 }
@@ -306,6 +350,8 @@ PlantFields PlantForm::fields() const {
     f.sv_idioma = static_cast<int16_t>(svIdioma_->currentIndex());
     f.sv_locutor = spinValue(svLocutor_);
     f.SV_velocitat = spinValue(svVelocitat_);
+    f.SheetWidthMm = spinValue(sheetWidth_);
+    f.SheetHeightMm = spinValue(sheetHeight_);
     return f;
 }
 
@@ -332,6 +378,8 @@ bool PlantForm::applyTo(Template& t, QString* pathDefault) const {
     apply(t.sv_idioma, initial_.sv_idioma, now.sv_idioma);
     apply(t.sv_locutor, initial_.sv_locutor, now.sv_locutor);
     apply(t.SV_velocitat, initial_.SV_velocitat, now.SV_velocitat);
+    apply(t.SheetWidthMm, initial_.SheetWidthMm, now.SheetWidthMm);
+    apply(t.SheetHeightMm, initial_.SheetHeightMm, now.SheetHeightMm);
     t.Modified = true;
     return true;
 }
@@ -364,9 +412,14 @@ void PlantForm::showWindowList() {
     // Our own windows are no target; they are known by title, as window ids
     // from the window system and from the toolkit need not share one space.
     QStringList ours;
-    for (const QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible())
-            ours.append(window->windowTitle());
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible())
+            continue;
+        // As the window system shows it: "[*]" becomes "*" while modified.
+        QString title = window->windowTitle();
+        ours.append(title.replace(QStringLiteral("[*]"),
+                                  window->isWindowModified() ? QStringLiteral("*") : QString()));
+    }
     windowMenu_->clear();
     for (const WindowInfo& window : windows_.topLevelWindows()) {
         if (ours.contains(window.title) || window.title.trimmed().isEmpty())

@@ -38,6 +38,8 @@ struct PlantFields {
     int16_t sv_idioma = 0;   // 0 Catalan, 1 Spanish
     int16_t sv_locutor = 0;
     int16_t SV_velocitat = 0;
+    int16_t SheetWidthMm = 0;
+    int16_t SheetHeightMm = 0;
     friend bool operator==(const PlantFields&, const PlantFields&) = default;
 };
 
@@ -83,6 +85,7 @@ private:
     QHBoxLayout* buttonRow(Language language);
     void addFormRow(QFormLayout* form, const char* caption, QWidget* buddy, QHBoxLayout* fields,
                     Language language);
+    QHBoxLayout* sheetSizeRow();
     void alignLabels();
     void load(const Template& t, const QString* pathDefault);
     void fillPickers(Language language);
@@ -117,6 +120,8 @@ private:
     QLabel* voiceName_;
     VoiceNames voices_;
     QSpinBox* svVelocitat_;
+    QSpinBox* sheetWidth_;
+    QSpinBox* sheetHeight_;
     QComboBox* programs_;
     QComboBox* macros_;
     QToolButton* windowButton_;

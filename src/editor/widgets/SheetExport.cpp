@@ -14,7 +14,6 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
-#include <QDoubleSpinBox>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -70,14 +69,13 @@ QRectF areaRect(const Area& area, const QRectF& target) {
             (r.top - r.bottom) * sy};
 }
 
-// The picture stretched over `target` (the sheet's 120 x 120 units), and the
-// outlines of the page's Areas when a style is given.
+// The sheet over `target` (its 120 x 120 units) with the picture on it, and
+// the outlines of the page's Areas when a style is given.
 void paintSheet(QPainter& painter, const QRectF& target, const Template& t, const QImage& picture,
                 int page, const OutlineStyle* style) {
-    if (picture.isNull())
-        painter.fillRect(target, Qt::white);
-    else
-        painter.drawImage(target, picture);
+    painter.fillRect(target, Qt::white);
+    if (!picture.isNull())
+        painter.drawImage(pictureRect(picture.size(), target), picture);
     if (!style)
         return;
     for (const auto index : t.areasOfPage(static_cast<int16_t>(page))) {
@@ -131,11 +129,12 @@ bool writePdf(const Template& t, const QImage& picture, const SheetExportOptions
     writer.setResolution(kPdfDpi);
     writer.setCreator(QStringLiteral("Mervak"));
     writer.setTitle(QFileInfo(t.TemplateFileName).fileName());
-    const QSizeF paper = orientedPaperMm(options.surfaceMm, options.paper);
+    const QSizeF sheetMm = sheetSizeMm(t);
+    const QSizeF paper = orientedPaperMm(sheetMm, options.paper);
     writer.setPageSize(QPageSize(paper, QPageSize::Millimeter));
     writer.setPageMargins(QMarginsF(0, 0, 0, 0), QPageLayout::Millimeter);
     const QSizeF paperDots(toDots(paper.width()), toDots(paper.height()));
-    const QSizeF surfaceDots(toDots(options.surfaceMm.width()), toDots(options.surfaceMm.height()));
+    const QSizeF surfaceDots(toDots(sheetMm.width()), toDots(sheetMm.height()));
     const QRectF surface(QPointF((paperDots.width() - surfaceDots.width()) / 2,
                                  (paperDots.height() - surfaceDots.height()) / 2),
                          surfaceDots);
@@ -174,7 +173,7 @@ QString notSaved(Language language, const QString& path, const QString& why) {
            QStringLiteral(": ") + why;
 }
 
-// The options of a PDF export: pages, paper, outlines and the tablet's size.
+// The options of a PDF export: pages, paper and outlines.
 class ExportOptionsDialog : public QDialog {
 public:
     ExportOptionsDialog(const SheetExportOptions& options, Language language, QWidget* parent)
@@ -188,26 +187,13 @@ public:
         paper_->setCurrentIndex(options.paper == PaperSize::A3 ? 1 : 0);
         setCaption(outlines_, QStringLiteral("Contorns i etiquetes de les àrees"), language);
         outlines_->setChecked(options.outlines);
-        for (auto [spin, value] : {std::pair{width_, options.surfaceMm.width()},
-                                   std::pair{height_, options.surfaceMm.height()}}) {
-            spin->setRange(20, 500);
-            spin->setDecimals(1);
-            spin->setSuffix(QStringLiteral(" mm"));
-            spin->setValue(value);
-        }
         auto* pages = new QHBoxLayout;
         pages->addWidget(currentPage_);
         pages->addWidget(allPages_);
         pages->addStretch(1);
-        auto* size = new QHBoxLayout;
-        size->addWidget(width_);
-        size->addWidget(new QLabel(QStringLiteral("×")));
-        size->addWidget(height_);
-        size->addStretch(1);
         auto* form = new QFormLayout;
         form->addRow(label("Pàgines:", language), pages);
         form->addRow(label("Paper:", language), paper_);
-        form->addRow(label("Mida de la tauleta:", language), size);
         form->addRow(QString(), outlines_);
         auto* layout = new QVBoxLayout(this);
         layout->addLayout(form);
@@ -219,7 +205,6 @@ public:
         chosen.allPages = allPages_->isChecked();
         chosen.paper = paper_->currentIndex() == 1 ? PaperSize::A3 : PaperSize::A4;
         chosen.outlines = outlines_->isChecked();
-        chosen.surfaceMm = {width_->value(), height_->value()};
         return chosen;
     }
 
@@ -249,8 +234,6 @@ private:
     QRadioButton* allPages_ = new QRadioButton;
     QComboBox* paper_ = new QComboBox;
     QCheckBox* outlines_ = new QCheckBox;
-    QDoubleSpinBox* width_ = new QDoubleSpinBox;
-    QDoubleSpinBox* height_ = new QDoubleSpinBox;
 };
 
 // Where the exported files go at first: beside the Template, named after it.
@@ -287,11 +270,9 @@ bool SheetExport::fits(QSizeF surfaceMm, PaperSize paper) {
 bool SheetExport::exportPdf(const Template& t, const QImage& picture,
                             const SheetExportOptions& options, const QString& path,
                             Language language, QString* error) {
-    if (!fits(options.surfaceMm, options.paper)) {
-        *error = caption(language, "La tauleta no cap en aquest paper: ") +
-                 QStringLiteral("%1 × %2 mm")
-                     .arg(options.surfaceMm.width())
-                     .arg(options.surfaceMm.height());
+    if (!fits(sheetSizeMm(t), options.paper)) {
+        *error = caption(language, "La làmina no cap en aquest paper: ") +
+                 QStringLiteral("%1 × %2 mm").arg(t.SheetWidthMm).arg(t.SheetHeightMm);
         return false;
     }
     QByteArray pdf;
@@ -321,10 +302,8 @@ QImage SheetExport::renderPage(const Template& t, const QImage& picture, int pag
 
 bool SheetExport::saveThumbnail(const Template& t, const QImage& picture, const QString& path,
                                 Language language, QString* error, int longSide) {
-    const QSizeF shape = picture.isNull() ? QSizeF(SheetExportOptions::kEasyWidthMm,
-                                                   SheetExportOptions::kEasyHeightMm)
-                                          : QSizeF(picture.size());
-    const QSize size = shape.scaled(QSizeF(longSide, longSide), Qt::KeepAspectRatio)
+    const QSize size = sheetSizeMm(t)
+                           .scaled(QSizeF(longSide, longSide), Qt::KeepAspectRatio)
                            .toSize()
                            .expandedTo(QSize(1, 1));
     QString why;

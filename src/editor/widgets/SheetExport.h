@@ -14,23 +14,18 @@ class Template;
 
 enum class PaperSize { A4, A3 };
 
-// What a printed sheet holds and how large it is.
+// What a printed sheet holds; its size is the Template's.
 struct SheetExportOptions {
-    // The active surface of the EASY tablet in millimetres, which the 120 x 120
-    // sheet units span edge to edge (one unit is 2.25 mm across, 1.58 mm down).
-    static constexpr double kEasyWidthMm = 270.0;
-    static constexpr double kEasyHeightMm = 190.0;
-
-    QSizeF surfaceMm{kEasyWidthMm, kEasyHeightMm};
     PaperSize paper = PaperSize::A4;
     bool allPages = false; // else the current page only
     bool outlines = true;  // the Areas' outlines with the labels of what they type
 };
 
-// Prints the sheet that lies on the tablet. The picture is stretched over the
-// whole surface, as the sheet units span it, and the surface is centred on the
-// paper at true size (landscape when it is wider than high), one PDF page per
-// Template page. Files are written atomically.
+// Prints the sheet that lies on the tablet: the Template's sheet size at true
+// size, centred on the paper (landscape when it is wider than high), one PDF
+// page per Template page. The sheet units span the sheet edge to edge, and the
+// picture lies on it as the editor shows it, with its own shape (pictureRect).
+// Files are written atomically.
 class SheetExport {
 public:
     // The Template's picture, found from its folder as stored names are; a null
@@ -41,7 +36,7 @@ public:
     // True when the surface fits on the paper in one of its orientations.
     static bool fits(QSizeF surfaceMm, PaperSize paper);
 
-    // Writes the PDF; false with `error` set, in `language`, when the surface
+    // Writes the PDF; false with `error` set, in `language`, when the sheet
     // does not fit on the paper or the file cannot be written.
     static bool exportPdf(const Template& t, const QImage& picture,
                           const SheetExportOptions& options, const QString& path, Language language,
@@ -53,8 +48,7 @@ public:
                              bool outlines);
 
     // "Desar mini-làmina": the current page, outlines included, in a PNG whose
-    // longer side is `longSide` pixels, shaped like the picture (like the
-    // surface when there is none).
+    // longer side is `longSide` pixels, shaped like the sheet.
     static bool saveThumbnail(const Template& t, const QImage& picture, const QString& path,
                               Language language, QString* error, int longSide = 240);
 

@@ -26,6 +26,13 @@ void SheetView::setPicture(const QImage& picture) {
     update();
 }
 
+void SheetView::setSheetSize(QSizeF millimetres) {
+    if (millimetres.isEmpty() || millimetres == sheetSize_)
+        return;
+    sheetSize_ = millimetres;
+    update();
+}
+
 void SheetView::setAreas(const QList<SheetArea>& areas) {
     areas_ = areas;
     update();
@@ -37,8 +44,7 @@ void SheetView::setDrawing(const std::optional<SheetRect>& rect) {
 }
 
 QRectF SheetView::sheetRect() const {
-    const QSizeF shape = picture_.isNull() ? QSizeF(1, 1) : QSizeF(picture_.size());
-    const QSizeF fitted = shape.scaled(QSizeF(size()), Qt::KeepAspectRatio);
+    const QSizeF fitted = sheetSize_.scaled(QSizeF(size()), Qt::KeepAspectRatio);
     return {QPointF((width() - fitted.width()) / 2, (height() - fitted.height()) / 2), fitted};
 }
 
@@ -64,10 +70,11 @@ void SheetView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().window());
     const QRectF sheet = sheetRect();
-    if (picture_.isNull())
-        painter.fillRect(sheet, Qt::white);
-    else
-        painter.drawImage(sheet, picture_);
+    painter.fillRect(sheet, Qt::white);
+    if (!picture_.isNull()) {
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(pictureRect(picture_.size(), sheet), picture_);
+    }
     painter.setRenderHint(QPainter::Antialiasing);
     for (const SheetArea& area : areas_)
         if (!area.selected)
@@ -101,8 +108,30 @@ void SheetView::paintArea(QPainter& painter, const SheetArea& area) const {
             painter.drawText(tag, Qt::AlignCenter, text);
         }
     }
+    if (area.number > 0)
+        paintNumber(painter, box, area.number);
     if (area.selected)
         paintGrips(painter, box);
+}
+
+// In the lower-right corner, clear of the label and the grips, when the box has room.
+void SheetView::paintNumber(QPainter& painter, const QRectF& box, int number) const {
+    QFont font = painter.font();
+    font.setPointSizeF(font.pointSizeF() * 0.8);
+    const QFontMetricsF metrics(font);
+    const QString text = QString::number(number);
+    QRectF tag = metrics.boundingRect(text).adjusted(-3, 0, 3, 0);
+    tag.moveBottomRight(box.bottomRight() - QPointF(5, 5));
+    if (tag.width() + 10 > box.width() || tag.height() + 10 > box.height())
+        return;
+    painter.save();
+    painter.setFont(font);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(255, 255, 255, 200));
+    painter.drawRoundedRect(tag, 2, 2);
+    painter.setPen(kOutline);
+    painter.drawText(tag, Qt::AlignCenter, text);
+    painter.restore();
 }
 
 void SheetView::paintGrips(QPainter& painter, const QRectF& box) const {

@@ -14,18 +14,22 @@ struct SheetArea {
     SheetRect rect;
     QString label;
     bool selected = false;
+    int number = 0; // its place among the page's Areas, as the area counter counts; 0 shows none
 };
 
 // Draws the sheet picture of the current page with its Areas outlined (the
 // selected one marked, with its grips), the rectangle being drawn, and turns
-// mouse positions into sheet units. The picture keeps its shape and fills the
-// widget as far as it can; the sheet's 120 x 120 units are stretched over it.
+// mouse positions into sheet units. The sheet has the shape of the printed
+// sheet and fills the widget as far as it can; its 120 x 120 units span it
+// edge to edge, and the picture lies on it as it is printed (pictureRect).
 class SheetView : public QWidget {
     Q_OBJECT
 public:
     explicit SheetView(QWidget* parent = nullptr);
 
     void setPicture(const QImage& picture);
+    // The printed sheet's size, whose shape the sheet takes on the screen.
+    void setSheetSize(QSizeF millimetres);
     void setAreas(const QList<SheetArea>& areas);
     void setDrawing(const std::optional<SheetRect>& rect);
 
@@ -58,8 +62,10 @@ protected:
 private:
     void paintArea(QPainter& painter, const SheetArea& area) const;
     void paintGrips(QPainter& painter, const QRectF& box) const;
+    void paintNumber(QPainter& painter, const QRectF& box, int number) const;
 
     QImage picture_;
+    QSizeF sheetSize_{1, 1};
     QList<SheetArea> areas_;
     std::optional<SheetRect> drawing_;
 };

@@ -93,10 +93,14 @@ TEST(PlantForm, ShowsTheFieldsAndWritesEveryChangedOne) {
     EXPECT_EQ(child<QComboBox>(form, "sv_idioma")->currentIndex(), 1);
     EXPECT_EQ(child<QSpinBox>(form, "sv_locutor")->value(), 2);
     EXPECT_EQ(child<QSpinBox>(form, "SV_velocitat")->value(), 120);
+    EXPECT_EQ(child<QSpinBox>(form, "SheetWidthMm")->value(), 270) << "the tablet's sheet";
+    EXPECT_EQ(child<QSpinBox>(form, "SheetHeightMm")->value(), 190);
     QTest::mouseClick(child<QCheckBox>(form, "SoundActive"), Qt::LeftButton);
     child<QComboBox>(form, "sv_idioma")->setCurrentIndex(0);
     child<QSpinBox>(form, "sv_locutor")->setValue(0);
     child<QSpinBox>(form, "SV_velocitat")->setValue(90);
+    child<QSpinBox>(form, "SheetWidthMm")->setValue(297);
+    child<QSpinBox>(form, "SheetHeightMm")->setValue(210);
 
     ASSERT_TRUE(form.applyTo(t, &pathDefault));
     EXPECT_TRUE(t.Modified);
@@ -107,6 +111,7 @@ TEST(PlantForm, ShowsTheFieldsAndWritesEveryChangedOne) {
     EXPECT_EQ(t.sv_idioma, 0);
     EXPECT_EQ(t.sv_locutor, 0);
     EXPECT_EQ(t.SV_velocitat, 90);
+    EXPECT_EQ(QSize(t.SheetWidthMm, t.SheetHeightMm), QSize(297, 210));
 }
 
 TEST(PlantForm, UntouchedFieldsKeepValuesTheControlsCannotShow) {
@@ -259,6 +264,14 @@ TEST(PlantForm, CaptionsInSpanishWithBothGroupsAligned) {
         labels.append(label->text());
     EXPECT_TRUE(labels.contains("Órdenes:")) << labels.join(u'|').toStdString();
     EXPECT_EQ(child<QComboBox>(form, "programes")->itemText(0), ">>> Seleccione un programa");
+    for (const QWidget* field : form.findChildren<QWidget*>()) {
+        const bool control =
+            qobject_cast<const QLineEdit*>(field) || qobject_cast<const QAbstractSpinBox*>(field) ||
+            qobject_cast<const QComboBox*>(field) || qobject_cast<const QCheckBox*>(field);
+        if (control && !field->objectName().startsWith(QStringLiteral("qt_"))) {
+            EXPECT_FALSE(field->toolTip().isEmpty()) << field->objectName().toStdString();
+        }
+    }
     form.show();
     const auto left = [&](const char* name) {
         return child<QLineEdit>(form, name)->mapTo(&form, QPoint(0, 0)).x();

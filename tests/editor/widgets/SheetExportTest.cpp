@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QPainter>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -64,15 +65,29 @@ QRect redExtent(const QImage& image) {
     return box;
 }
 
+// Shaped like the tablet's sheet, so that it covers it.
 QImage redPicture() {
-    QImage picture(300, 200, QImage::Format_RGB32);
+    QImage picture(270, 190, QImage::Format_RGB32);
     picture.fill(Qt::red);
     return picture;
 }
 
+QImage redCircle() {
+    QImage picture(400, 400, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::red);
+    painter.drawEllipse(QRectF(0, 0, 400, 400));
+    return picture;
+}
+
 // An Area over the lower-left quarter of page 2 of 3, the page shown.
-Template threePages() {
+Template threePages(QSizeF sheetMm = {270, 190}) {
     Template t;
+    t.SheetWidthMm = static_cast<int16_t>(sheetMm.width());
+    t.SheetHeightMm = static_cast<int16_t>(sheetMm.height());
     t.TemplateFileName = QStringLiteral("/tmp/fulls.mvw");
     t.PageCount = 3;
     t.CurrentPage = 2;
@@ -84,7 +99,9 @@ Template threePages() {
     return t;
 }
 
-TEST(SheetExport, PlacesThePictureAtTrueSizeCentredOnThePaper) {
+// A circle in the picture prints as a circle as large as the sheet is high
+// (or wide), centred on the paper as the sheet is.
+TEST(SheetExport, PrintsTheSheetAtTrueSizeWithACircleRound) {
     const struct {
         const char* name;
         PaperSize paper;
@@ -100,11 +117,10 @@ TEST(SheetExport, PlacesThePictureAtTrueSizeCentredOnThePaper) {
     for (const auto& c : cases) {
         SheetExportOptions options;
         options.paper = c.paper;
-        options.surfaceMm = c.surface;
         options.outlines = false;
         const QString pdf = dir.filePath(QString::fromUtf8(c.name) + ".pdf");
         QString error;
-        ASSERT_TRUE(SheetExport::exportPdf(threePages(), redPicture(), options, pdf,
+        ASSERT_TRUE(SheetExport::exportPdf(threePages(c.surface), redCircle(), options, pdf,
                                            Language::Catalan, &error))
             << c.name << " " << error;
         const PdfInfo info = pdfInfo(pdf);
@@ -113,8 +129,9 @@ TEST(SheetExport, PlacesThePictureAtTrueSizeCentredOnThePaper) {
         EXPECT_NEAR(info.sizeMm.height(), c.expectedPaper.height(), 0.5) << c.name;
         const QImage page = render(pdf, kDpi);
         const QRect red = redExtent(page);
-        EXPECT_NEAR(red.width(), c.surface.width() * kDpi / kMmPerInch, 2) << c.name;
-        EXPECT_NEAR(red.height(), c.surface.height() * kDpi / kMmPerInch, 2) << c.name;
+        const double diameter = std::min(c.surface.width(), c.surface.height()) * kDpi / kMmPerInch;
+        EXPECT_NEAR(red.width(), diameter, 2) << c.name;
+        EXPECT_NEAR(red.height(), diameter, 2) << c.name;
         EXPECT_NEAR(red.left(), page.width() - 1 - red.right(), 2) << c.name << " centred across";
         EXPECT_NEAR(red.top(), page.height() - 1 - red.bottom(), 2) << c.name << " centred down";
     }
@@ -163,10 +180,9 @@ TEST(SheetExport, RefusesWhatCannotBePrinted) {
         {"folder missing", {270, 190}, dir.filePath("no/d.pdf"), "No se ha podido guardar"},
     };
     for (const auto& c : cases) {
-        SheetExportOptions options;
-        options.surfaceMm = c.surface;
+        const SheetExportOptions options;
         QString error;
-        EXPECT_FALSE(SheetExport::exportPdf(threePages(), redPicture(), options, c.path,
+        EXPECT_FALSE(SheetExport::exportPdf(threePages(c.surface), redPicture(), options, c.path,
                                             Language::Spanish, &error))
             << c.name;
         EXPECT_TRUE(error.contains(c.errorPart)) << c.name << ": " << error;
@@ -201,7 +217,7 @@ TEST(SheetExport, LoadsThePictureBesideTheTemplate) {
     }
 }
 
-TEST(SheetExport, ThumbnailKeepsThePictureShapeAndOutlinesTheCurrentPage) {
+TEST(SheetExport, ThumbnailHasTheSheetsShapeAndOutlinesTheCurrentPage) {
     QTemporaryDir dir;
     const QString png = dir.filePath("mini.png");
     QString error;
@@ -209,9 +225,9 @@ TEST(SheetExport, ThumbnailKeepsThePictureShapeAndOutlinesTheCurrentPage) {
         SheetExport::saveThumbnail(threePages(), redPicture(), png, Language::Catalan, &error))
         << error;
     const QImage mini(png);
-    ASSERT_EQ(mini.size(), QSize(240, 160));
+    ASSERT_EQ(mini.size(), QSize(240, 169));
     EXPECT_TRUE(isRed(mini.pixelColor(200, 20))) << "outside the Area";
-    EXPECT_TRUE(isOutline(mini.pixelColor(60, 80)) || isOutline(mini.pixelColor(60, 79)))
+    EXPECT_TRUE(isOutline(mini.pixelColor(60, 84)) || isOutline(mini.pixelColor(60, 85)))
         << "top edge of the lower-left quarter";
     EXPECT_FALSE(SheetExport::saveThumbnail(threePages(), redPicture(), dir.filePath("x/y.png"),
                                             Language::Catalan, &error));
@@ -266,7 +282,7 @@ TEST(SheetExport, MenuCommandsAskForOptionsAndFile) {
     chooseFileLater(png, &title);
     EXPECT_TRUE(SheetExport::saveThumbnailWithDialog(nullptr, threePages(), Language::Catalan));
     EXPECT_EQ(title, "Desar mini-làmina");
-    EXPECT_EQ(QImage(png).size(), QSize(240, 169)) << "no picture: the surface's shape";
+    EXPECT_EQ(QImage(png).size(), QSize(240, 169)) << "the sheet's shape";
 }
 
 } // namespace
