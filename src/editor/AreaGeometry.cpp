@@ -38,13 +38,6 @@ QSizeF sheetSizeMm(const Template& t) {
     return {static_cast<qreal>(t.SheetWidthMm), static_cast<qreal>(t.SheetHeightMm)};
 }
 
-QRectF pictureRect(QSizeF picture, const QRectF& sheet) {
-    if (picture.isEmpty())
-        return sheet;
-    const QSizeF fitted = picture.scaled(sheet.size(), Qt::KeepAspectRatio);
-    return {sheet.center() - QPointF(fitted.width() / 2, fitted.height() / 2), fitted};
-}
-
 SheetRect rectOf(const Area& area) {
     const auto [left, right] = std::minmax(area.X0, area.X1);
     const auto [bottom, top] = std::minmax(area.Y0, area.Y1);

@@ -31,11 +31,6 @@ class Template;
 // The printed sheet's size in millimetres.
 QSizeF sheetSizeMm(const Template& t);
 
-// Where the sheet picture lies on a sheet drawn over `sheet`: as large as it
-// fits with its own shape, centred, so that a circle stays round however the
-// sheet is shaped. The sheet units span the whole of `sheet`, picture or not.
-QRectF pictureRect(QSizeF picture, const QRectF& sheet);
-
 // The Area's rectangle, put in order when stored with X0 > X1 or Y0 > Y1.
 SheetRect rectOf(const Area& area);
 

@@ -75,7 +75,7 @@ void paintSheet(QPainter& painter, const QRectF& target, const Template& t, cons
                 int page, const OutlineStyle* style) {
     painter.fillRect(target, Qt::white);
     if (!picture.isNull())
-        painter.drawImage(pictureRect(picture.size(), target), picture);
+        painter.drawImage(target, picture);
     if (!style)
         return;
     for (const auto index : t.areasOfPage(static_cast<int16_t>(page))) {

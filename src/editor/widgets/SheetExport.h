@@ -24,7 +24,7 @@ struct SheetExportOptions {
 // Prints the sheet that lies on the tablet: the Template's sheet size at true
 // size, centred on the paper (landscape when it is wider than high), one PDF
 // page per Template page. The sheet units span the sheet edge to edge, and the
-// picture lies on it as the editor shows it, with its own shape (pictureRect).
+// picture covers it, as the editor shows it.
 // Files are written atomically.
 class SheetExport {
 public:

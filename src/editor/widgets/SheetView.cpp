@@ -73,7 +73,7 @@ void SheetView::paintEvent(QPaintEvent*) {
     painter.fillRect(sheet, Qt::white);
     if (!picture_.isNull()) {
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(pictureRect(picture_.size(), sheet), picture_);
+        painter.drawImage(sheet, picture_);
     }
     painter.setRenderHint(QPainter::Antialiasing);
     for (const SheetArea& area : areas_)

@@ -21,7 +21,7 @@ struct SheetArea {
 // selected one marked, with its grips), the rectangle being drawn, and turns
 // mouse positions into sheet units. The sheet has the shape of the printed
 // sheet and fills the widget as far as it can; its 120 x 120 units span it
-// edge to edge, and the picture lies on it as it is printed (pictureRect).
+// edge to edge, and the picture covers it as it is printed.
 class SheetView : public QWidget {
     Q_OBJECT
 public:

@@ -72,14 +72,18 @@ QImage redPicture() {
     return picture;
 }
 
-QImage redCircle() {
-    QImage picture(400, 400, QImage::Format_RGB32);
+// A picture shaped like the sheet, with a red circle as large as it fits, centred.
+QImage redCircle(QSizeF sheetMm) {
+    const QSize size = (sheetMm * 3).toSize();
+    QImage picture(size, QImage::Format_RGB32);
     picture.fill(Qt::white);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::red);
-    painter.drawEllipse(QRectF(0, 0, 400, 400));
+    const qreal diameter = std::min(size.width(), size.height());
+    painter.drawEllipse(
+        QRectF((size.width() - diameter) / 2, (size.height() - diameter) / 2, diameter, diameter));
     return picture;
 }
 
@@ -120,8 +124,8 @@ TEST(SheetExport, PrintsTheSheetAtTrueSizeWithACircleRound) {
         options.outlines = false;
         const QString pdf = dir.filePath(QString::fromUtf8(c.name) + ".pdf");
         QString error;
-        ASSERT_TRUE(SheetExport::exportPdf(threePages(c.surface), redCircle(), options, pdf,
-                                           Language::Catalan, &error))
+        ASSERT_TRUE(SheetExport::exportPdf(threePages(c.surface), redCircle(c.surface), options,
+                                           pdf, Language::Catalan, &error))
             << c.name << " " << error;
         const PdfInfo info = pdfInfo(pdf);
         EXPECT_EQ(info.pages, 1) << c.name << ": the current page only";
