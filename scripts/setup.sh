@@ -8,6 +8,7 @@ packages=(
   libgl-dev libxkbcommon-dev
   libx11-dev libxtst-dev
   libespeak-ng-dev espeak-ng-data libfluidsynth-dev timgm6mb-soundfont libpulse-dev
+  libopencv-core-dev libopencv-imgproc-dev libv4l-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth openbox xterm x11-utils x11-apps xdotool socat imagemagick
   sox espeak-ng pulseaudio poppler-utils

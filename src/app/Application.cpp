@@ -205,6 +205,8 @@ void Application::wireWindow() {
     connect(tablet_.get(), &TabletControl::statusMessage, this,
             [this](const QString& text) { setStatus(text.isEmpty() ? startupNotice_ : text); });
     connect(tablet_.get(), &TabletControl::beepRequested, this, [this] { sound_.click(); });
+    connect(tablet_.get(), &TabletControl::noticeRequested, this,
+            [this](const QString& text) { showNotice(&window_, session_.language(), text); });
 }
 
 void Application::wireEditor() {

@@ -1,14 +1,40 @@
 #include "dispatch/TabletControl.h"
 
+#include "platform/Checked16.h"
 #include "platform/Language.h"
+
+#include <QElapsedTimer>
 
 namespace mervak {
 
+namespace {
+
+// RetardPort sets the tracker's polling only below 101 ms; 0 (the key missing)
+// and larger values keep this.
+constexpr int kTimer3Ms = 50;
+constexpr int32_t kLongestRetardPort = 100;
+
+int64_t monotonicMs() {
+    static QElapsedTimer clock = [] {
+        QElapsedTimer started;
+        started.start();
+        return started;
+    }();
+    return clock.elapsed();
+}
+
+} // namespace
+
 TabletControl::TabletControl(Session& session, SerialLinkFactory makeLink,
                              PressDispatcher& dispatcher, QObject* parent)
-    : QObject(parent), session_(session), dispatcher_(dispatcher), easy_(std::move(makeLink)) {
+    : QObject(parent), session_(session), dispatcher_(dispatcher), easy_(std::move(makeLink)),
+      mapping_(PrivateProfile(settingsFilePath(session.homeFolder)),
+               [this](const QString& text) { emit noticeRequested(text); }),
+      vistalSource_([this](int16_t& x, int16_t& y) { return tracker_.VSTObtenirPosicio(x, y); },
+                    mapping_, session, monotonicMs) {
     dispatcher_.setDevice(&noDevice_);
     connect(&timer1_, &QTimer::timeout, &dispatcher_, &PressDispatcher::tick);
+    connect(&timer3_, &QTimer::timeout, this, &TabletControl::pollTracker);
     connect(&easy_, &EasyTablet::startFinished, this, &TabletControl::onEasyStartFinished);
     connect(&easy_, &EasyTablet::positionArrived, this, [this](PressPoint position) {
         if (active_)
@@ -21,7 +47,7 @@ TabletControl::TabletControl(Session& session, SerialLinkFactory makeLink,
 }
 
 TabletControl::~TabletControl() {
-    easy_.stop();
+    stop();
 }
 
 void TabletControl::start() {
@@ -29,6 +55,11 @@ void TabletControl::start() {
     easy_.setLanguage(settings.language);
     timer1_.setInterval(settings.interval);
     easy_.setRetardPort(settings.retardPort);
+    failureMessage_ = Msg::TabletNotFound;
+    if (settings.model == QLatin1String("VISTAL")) {
+        startTracker();
+        return;
+    }
     if (settings.model != QLatin1String("EASY")) {
         // The other models' drivers do not exist on this system.
         failStart();
@@ -41,7 +72,51 @@ void TabletControl::start() {
 
 void TabletControl::stop() {
     timer1_.stop();
+    timer3_.stop();
     easy_.stop();
+    tracker_.VSTFinalitza();
+}
+
+// Where the tracker's messages go: 72 when no camera or file could be opened (or
+// the camera is in use), 106 when it was already running, 73 in the status line
+// when no corners were ever stored.
+void TabletControl::startTracker() {
+    const PrivateProfile ini(settingsFilePath(session_.homeFolder));
+    const TrackerSettings settings = readTrackerSettings(ini);
+    tracker_.configure(settings);
+    vistalSource_.setDwellMs(settings.dwellMs);
+    const ColourTracker::Start started = tracker_.start();
+    if (started != ColourTracker::Start::Started &&
+        started != ColourTracker::Start::AlreadyRunning) {
+        failureMessage_ = Msg::TrackerNotStarted;
+        failStart();
+        emit statusMessage(tracker_.problem());
+        return;
+    }
+    mapping_.BuildMapping();
+    const int32_t retard = session_.settings.retardPort;
+    timer3_.start(retard > 0 && retard <= kLongestRetardPort ? int(retard) : kTimer3Ms);
+    dispatcher_.setDevice(&vistalSource_);
+    deviceStarted(portCaption(PortIndex::Usb));
+    bool calibrated = false;
+    try {
+        calibrated = ReadCorners(ini).calibrated();
+    } catch (const Overflow16&) {
+    }
+    if (started == ColourTracker::Start::AlreadyRunning)
+        emit statusMessage(Message(session_.language(), Msg::TrackerRunning));
+    else if (!calibrated)
+        emit statusMessage(Message(session_.language(), Msg::TrackerNotCalibrated));
+}
+
+// A fault of the mapping ends this tick with no press, and says so.
+void TabletControl::pollTracker() {
+    try {
+        vistalSource_.poll();
+    } catch (const std::exception&) {
+        emit statusMessage(
+            TranslateCaption(session_.language(), QStringLiteral("Desbordament numèric")));
+    }
 }
 
 void TabletControl::onEasyStartFinished(bool ok, const QString& message) {
@@ -50,12 +125,16 @@ void TabletControl::onEasyStartFinished(bool ok, const QString& message) {
         emit statusMessage(message);
         return;
     }
+    dispatcher_.setDevice(&easySource_);
+    deviceStarted(session_.settings.portIndex != PortIndex::AutoDetect
+                      ? portCaption(session_.settings.portIndex)
+                      : easy_.portPath());
+}
+
+void TabletControl::deviceStarted(const QString& portName) {
     session_.DevicePresent = true;
     startFailed_ = false;
-    portName_ = session_.settings.portIndex != PortIndex::AutoDetect
-                    ? portCaption(session_.settings.portIndex)
-                    : easy_.portPath();
-    dispatcher_.setDevice(&easySource_);
+    portName_ = portName;
     emit statusMessage(QString());
     SetTabletActive(true);
     emit startFinished(true);
@@ -90,7 +169,7 @@ void TabletControl::setVirtualTabletShown(bool shown) {
 // A failed start keeps saying so, whatever is pressed or chosen later.
 QString TabletControl::caption() const {
     if (!session_.DevicePresent)
-        return startFailed_ ? Message(session_.language(), Msg::TabletNotFound) : QString();
+        return startFailed_ ? Message(session_.language(), failureMessage_) : QString();
     return TranslateCaption(session_.language(), active_ ? QStringLiteral("Tauleta activa a ")
                                                          : QStringLiteral("Tauleta Inactiva a ")) +
            portName_;

@@ -4,7 +4,10 @@
 #include "dispatch/DeviceSource.h"
 #include "dispatch/EasyDeviceSource.h"
 #include "dispatch/PressDispatcher.h"
+#include "dispatch/VistalDeviceSource.h"
 #include "platform/Settings.h"
+#include "tracker/ColourTracker.h"
+#include "tracker/PerspectiveMapping.h"
 
 #include <QObject>
 #include <QTimer>
@@ -37,8 +40,14 @@ public:
     bool isActive() const { return active_; }
     bool isPolling() const { return timer1_.isActive(); }
     // "Tauleta activa a COM1", "Tauleta Inactiva a COM1", message 113 after a
-    // failed start, or nothing before any start.
+    // failed start (72 for the colour tracker), or nothing before any start.
     QString caption() const;
+
+    // The colour tracker and its mapping, for the calibration form.
+    ColourTracker& tracker() { return tracker_; }
+    PerspectiveMapping& mapping() { return mapping_; }
+    VistalDeviceSource& vistalSource() { return vistalSource_; }
+    bool isTrackerPolling() const { return timer3_.isActive(); }
 
 signals:
     void stateChanged(bool active, const QString& caption);
@@ -47,9 +56,14 @@ signals:
     void startFinished(bool present);
     void statusMessage(const QString& text);
     void beepRequested();
+    // A message box with the program's default title (the mapping's own message).
+    void noticeRequested(const QString& text);
 
 private:
     void onEasyStartFinished(bool ok, const QString& message);
+    void startTracker();
+    void pollTracker();
+    void deviceStarted(const QString& portName);
     void failStart();
     void updatePolling();
     void publishState();
@@ -59,7 +73,12 @@ private:
     EasyTablet easy_;
     EasyDeviceSource easySource_{easy_};
     NoDevice noDevice_;
+    ColourTracker tracker_;
+    PerspectiveMapping mapping_;
+    VistalDeviceSource vistalSource_;
     QTimer timer1_;
+    QTimer timer3_; // polls the colour tracker into its slot
+    int failureMessage_ = Msg::TabletNotFound;
     QString portName_;
     bool startFailed_ = false;
     bool active_ = false;

@@ -39,7 +39,12 @@ enum Number : int {
     PictureFiles = 39,
     SoundFiles = 40,
     AllFiles = 44,
-    GeneralError = 104, // "Error": a file could not be written
+    TrackerNotStarted = 72,    // "No s'ha pogut  iniciar l'Vistal"
+    TrackerNotCalibrated = 73, // "No s'ha calibrat l'Vistal"
+    CalibrationDone = 74,      // "Calibrat acabat?"
+    GeneralError = 104,        // "Error": a file could not be written
+    CalibrationCorrect = 105,  // as 74 in Catalan, "Calibrado correcto?" in Spanish
+    TrackerRunning = 106,      // "Vistal  ja s'està executant!"
     ConfirmPageDelete = 107,
     AlreadyRunning = 108,
     PictureNotLoaded = 110,
