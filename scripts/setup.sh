@@ -6,7 +6,7 @@ packages=(
   build-essential cmake ninja-build pkg-config clang-format clang clang-tidy
   qt6-base-dev qt6-base-dev-tools qt6-serialport-dev qt6-multimedia-dev
   libgl-dev libxkbcommon-dev
-  libx11-dev libxtst-dev
+  libx11-dev libxtst-dev libevdev-dev
   libespeak-ng-dev espeak-ng-data
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth openbox xterm x11-utils x11-apps xdotool socat imagemagick

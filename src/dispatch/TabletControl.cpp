@@ -18,10 +18,24 @@ TabletControl::TabletControl(Session& session, SerialLinkFactory makeLink,
     connect(&easy_, &EasyTablet::beepRequested, this, &TabletControl::beepRequested);
     // A lost tablet must not go on saying it is active.
     connect(&easy_, &EasyTablet::portClosed, this, [this] { SetTabletActive(false); });
+    connect(&input_, &InputDevice::startFinished, this, &TabletControl::onInputStartFinished);
+    connect(&input_, &InputDevice::positionArrived, this, [this](PressPoint position) {
+        if (active_)
+            dispatcher_.deviceReadingArrived(EasyDeviceSource::reading(position));
+    });
+    connect(&input_, &InputDevice::pointerMoved, this, &TabletControl::pointerMoved);
+    connect(&input_, &InputDevice::statusMessage, this, &TabletControl::statusMessage);
+    // An unplugged device says so; plugged back, it is as the user left it.
+    connect(&input_, &InputDevice::lost, this, [this] {
+        activeWhenLost_ = active_;
+        SetTabletActive(false);
+    });
+    connect(&input_, &InputDevice::resumed, this, [this] { SetTabletActive(activeWhenLost_); });
 }
 
 TabletControl::~TabletControl() {
     easy_.stop();
+    input_.stop();
 }
 
 void TabletControl::start() {
@@ -29,6 +43,11 @@ void TabletControl::start() {
     easy_.setLanguage(settings.language);
     timer1_.setInterval(settings.interval);
     easy_.setRetardPort(settings.retardPort);
+    if (inputKindOfModel(settings.model)) {
+        input_.setLanguage(settings.language);
+        input_.start(settings.model, settings.portDevice, settingsFilePath(session_.homeFolder));
+        return;
+    }
     if (settings.model != QLatin1String("EASY")) {
         // The other models' drivers do not exist on this system.
         failStart();
@@ -42,6 +61,7 @@ void TabletControl::start() {
 void TabletControl::stop() {
     timer1_.stop();
     easy_.stop();
+    input_.stop();
 }
 
 void TabletControl::onEasyStartFinished(bool ok, const QString& message) {
@@ -61,6 +81,22 @@ void TabletControl::onEasyStartFinished(bool ok, const QString& message) {
     emit startFinished(true);
 }
 
+// Every evdev model is a USB device (port index 7).
+void TabletControl::onInputStartFinished(bool ok, const QString& message) {
+    if (!ok) {
+        failStart();
+        emit statusMessage(message);
+        return;
+    }
+    session_.DevicePresent = true;
+    startFailed_ = false;
+    portName_ = portCaption(PortIndex::Usb);
+    dispatcher_.setDevice(&inputSource_);
+    emit statusMessage(QString());
+    SetTabletActive(true);
+    emit startFinished(true);
+}
+
 void TabletControl::failStart() {
     session_.DevicePresent = false;
     startFailed_ = true;
@@ -72,12 +108,14 @@ void TabletControl::failStart() {
 
 void TabletControl::SetTabletActive(bool active) {
     active_ = active && session_.DevicePresent;
+    input_.setGrabbed(active_);
     updatePolling();
     publishState();
 }
 
 void TabletControl::retranslate() {
     easy_.setLanguage(session_.language());
+    input_.setLanguage(session_.language());
     publishState();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "devices/EasyTablet.h"
+#include "devices/InputDevice.h"
 #include "dispatch/DeviceSource.h"
 #include "dispatch/EasyDeviceSource.h"
 #include "dispatch/PressDispatcher.h"
@@ -41,6 +42,8 @@ public:
     QString caption() const;
 
 signals:
+    // Where the joystick points, for the virtual tablet to mark.
+    void pointerMoved(mervak::PressPoint pointer);
     void stateChanged(bool active, const QString& caption);
     // A device was searched for: true when one started. When none did, message
     // 113 is in caption() for the user.
@@ -50,6 +53,7 @@ signals:
 
 private:
     void onEasyStartFinished(bool ok, const QString& message);
+    void onInputStartFinished(bool ok, const QString& message);
     void failStart();
     void updatePolling();
     void publishState();
@@ -58,6 +62,9 @@ private:
     PressDispatcher& dispatcher_;
     EasyTablet easy_;
     EasyDeviceSource easySource_{easy_};
+    InputDevice input_;
+    SlotDeviceSource inputSource_{[this] { return input_.position(); }};
+    bool activeWhenLost_ = false;
     NoDevice noDevice_;
     QTimer timer1_;
     QString portName_;
