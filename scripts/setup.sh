@@ -6,7 +6,7 @@ packages=(
   build-essential cmake ninja-build pkg-config clang-format clang clang-tidy
   qt6-base-dev qt6-base-dev-tools qt6-serialport-dev qt6-multimedia-dev qt6-translations-l10n
   libgl-dev libxkbcommon-dev
-  libx11-dev libxtst-dev
+  libx11-dev libxtst-dev libevdev-dev
   libespeak-ng-dev espeak-ng-data libfluidsynth-dev timgm6mb-soundfont libpulse-dev
   libopencv-core-dev libopencv-imgproc-dev libv4l-dev
   libgtest-dev libgmock-dev libbenchmark-dev

@@ -4,6 +4,8 @@
 #include "dispatch/DeviceSource.h"
 #include "platform/Checked16.h"
 
+#include <functional>
+
 namespace mervak {
 
 // The serial tablet's position slot; a press when X * Y, in 16-bit arithmetic,
@@ -20,6 +22,17 @@ public:
 
 private:
     const EasyTablet& tablet_;
+};
+
+// The position slot of a model read from evdev, with the serial tablet's rule.
+class SlotDeviceSource : public DeviceSource {
+public:
+    explicit SlotDeviceSource(std::function<PressPoint()> slot) : slot_(std::move(slot)) {}
+
+    DeviceReading read() override { return EasyDeviceSource::reading(slot_()); }
+
+private:
+    std::function<PressPoint()> slot_;
 };
 
 } // namespace mervak

@@ -44,6 +44,19 @@ TabletControl::TabletControl(Session& session, SerialLinkFactory makeLink,
     connect(&easy_, &EasyTablet::beepRequested, this, &TabletControl::beepRequested);
     // A lost tablet must not go on saying it is active.
     connect(&easy_, &EasyTablet::portClosed, this, [this] { SetTabletActive(false); });
+    connect(&input_, &InputDevice::startFinished, this, &TabletControl::onInputStartFinished);
+    connect(&input_, &InputDevice::positionArrived, this, [this](PressPoint position) {
+        if (active_)
+            dispatcher_.deviceReadingArrived(EasyDeviceSource::reading(position));
+    });
+    connect(&input_, &InputDevice::pointerMoved, this, &TabletControl::pointerMoved);
+    connect(&input_, &InputDevice::statusMessage, this, &TabletControl::statusMessage);
+    // An unplugged device says so; plugged back, it is as the user left it.
+    connect(&input_, &InputDevice::lost, this, [this] {
+        activeWhenLost_ = active_;
+        SetTabletActive(false);
+    });
+    connect(&input_, &InputDevice::resumed, this, [this] { SetTabletActive(activeWhenLost_); });
 }
 
 TabletControl::~TabletControl() {
@@ -60,8 +73,13 @@ void TabletControl::start() {
         startTracker();
         return;
     }
+    if (inputKindOfModel(settings.model)) {
+        input_.setLanguage(settings.language);
+        input_.start(settings.model, settings.portDevice, settingsFilePath(session_.homeFolder));
+        return;
+    }
     if (settings.model != QLatin1String("EASY")) {
-        // The other models' drivers do not exist on this system.
+        // A model name this system knows no device for.
         failStart();
         return;
     }
@@ -74,6 +92,7 @@ void TabletControl::stop() {
     timer1_.stop();
     timer3_.stop();
     easy_.stop();
+    input_.stop();
     tracker_.VSTFinalitza();
 }
 
@@ -140,6 +159,22 @@ void TabletControl::deviceStarted(const QString& portName) {
     emit startFinished(true);
 }
 
+// Every evdev model is a USB device (port index 7).
+void TabletControl::onInputStartFinished(bool ok, const QString& message) {
+    if (!ok) {
+        failStart();
+        emit statusMessage(message);
+        return;
+    }
+    session_.DevicePresent = true;
+    startFailed_ = false;
+    portName_ = portCaption(PortIndex::Usb);
+    dispatcher_.setDevice(&inputSource_);
+    emit statusMessage(QString());
+    SetTabletActive(true);
+    emit startFinished(true);
+}
+
 void TabletControl::failStart() {
     session_.DevicePresent = false;
     startFailed_ = true;
@@ -151,12 +186,14 @@ void TabletControl::failStart() {
 
 void TabletControl::SetTabletActive(bool active) {
     active_ = active && session_.DevicePresent;
+    input_.setGrabbed(active_);
     updatePolling();
     publishState();
 }
 
 void TabletControl::retranslate() {
     easy_.setLanguage(session_.language());
+    input_.setLanguage(session_.language());
     publishState();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "devices/EasyTablet.h"
+#include "devices/InputDevice.h"
 #include "dispatch/DeviceSource.h"
 #include "dispatch/EasyDeviceSource.h"
 #include "dispatch/PressDispatcher.h"
@@ -50,6 +51,8 @@ public:
     bool isTrackerPolling() const { return timer3_.isActive(); }
 
 signals:
+    // Where the joystick points, for the virtual tablet to mark.
+    void pointerMoved(mervak::PressPoint pointer);
     void stateChanged(bool active, const QString& caption);
     // A device was searched for: true when one started. When none did, message
     // 113 is in caption() for the user.
@@ -64,6 +67,7 @@ private:
     void startTracker();
     void pollTracker();
     void deviceStarted(const QString& portName);
+    void onInputStartFinished(bool ok, const QString& message);
     void failStart();
     void updatePolling();
     void publishState();
@@ -72,6 +76,9 @@ private:
     PressDispatcher& dispatcher_;
     EasyTablet easy_;
     EasyDeviceSource easySource_{easy_};
+    InputDevice input_;
+    SlotDeviceSource inputSource_{[this] { return input_.position(); }};
+    bool activeWhenLost_ = false;
     NoDevice noDevice_;
     ColourTracker tracker_;
     PerspectiveMapping mapping_;

@@ -524,6 +524,19 @@ constexpr CaptionPair kCaptions[] = {
     {u"&Sí", u"&Sí"},
     {u"&No", u"&No"},
     {u"&Cancel·lar", u"&Cancelar"},
+    // Input devices read from evdev (tablets, touch panels, joysticks, dance pads).
+    {u"No hi ha permís per llegir el dispositiu %1. Instal·leu la regla udev de Mervak "
+     u"(60-mervak-input.rules) o afegiu l'usuari al grup input, i torneu a entrar a la sessió.",
+     u"No hay permiso para leer el dispositivo %1. Instale la regla udev de Mervak "
+     u"(60-mervak-input.rules) o añada el usuario al grupo input, y vuelva a entrar en la sesión."},
+    {u"El dispositiu %1 no existeix.", u"El dispositivo %1 no existe."},
+    {u"No s'ha pogut obrir el dispositiu %1: %2.", u"No se ha podido abrir el dispositivo %1: %2."},
+    {u"No s'ha trobat cap dispositiu d'entrada per al model %1.",
+     u"No se ha encontrado ningún dispositivo de entrada para el modelo %1."},
+    {u"El dispositiu %1 (%2) no serveix per al model %3.",
+     u"El dispositivo %1 (%2) no sirve para el modelo %3."},
+    {u"S'ha perdut el dispositiu %1; es tornarà a fer servir quan es torni a connectar.",
+     u"Se ha perdido el dispositivo %1; se volverá a usar cuando se vuelva a conectar."},
 };
 
 const QHash<QString, QString>& spanishCaptions() {

@@ -23,7 +23,7 @@ protected:
 };
 
 TEST_F(TabletControlTest, AFailedStartKeepsSayingSo) {
-    session.settings.model = "GENIUS";
+    session.settings.model = "CAP";
     QSignalSpy finished(&tablet, &TabletControl::startFinished);
     tablet.start();
     ASSERT_EQ(finished.size(), 1);
