@@ -69,7 +69,8 @@ activate "$terminal"
 activate "$main"
 xdotool key --clearmodifiers alt+v Down Return
 sleep 0.5
-xdotool mousemove $((MAIN_X + 60)) $((MAIN_Y + 120)) click 1
+# Zoomed in, the first Area covers the left of the view half-way down.
+xdotool mousemove $((MAIN_X + 100)) $((MAIN_Y + MAIN_HEIGHT / 2 - 50)) click 1
 sleep 0.5
 xdotool key --clearmodifiers ctrl+End
 xdotool type --delay 100 "xyz"
