@@ -2,6 +2,7 @@
 
 #include "action/KeysPreview.h"
 #include "devices/QtSerialLink.h"
+#include "editor/AreaGeometry.h"
 #include "editor/widgets/Captions.h"
 #include "editor/widgets/Dialogs.h"
 #include "editor/widgets/PlantForm.h"
@@ -331,7 +332,8 @@ bool Application::isOwnWindow(WindowId window) const {
 
 void Application::showVirtualTablet(bool shown) {
     if (shown)
-        virtualTablet_.showAt(session_.settings.virtualTabletPlace, window_);
+        virtualTablet_.showAt(session_.settings.virtualTabletPlace, window_,
+                              sheetSizeMm(session_.tmpl));
     else
         virtualTablet_.hide();
 }

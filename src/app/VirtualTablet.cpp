@@ -16,17 +16,23 @@ constexpr int kVisibleEnough = 80;
 // window first shows.
 constexpr int kFrameAllowance = 40;
 
+// The window's size for a longest side, in the sheet's shape.
+QSize shaped(int side, QSizeF sheet) {
+    return sheet.isEmpty() ? QSize(side, side)
+                           : sheet.scaled(QSizeF(side, side), Qt::KeepAspectRatio).toSize();
+}
+
 // Where the tablet opens without a place of the user's: beside the main window
 // when there is room, else in the lower right corner of `screen` (the room on
 // the screen), below the main window's menus and toolbar, which end at
 // `headerBottom`. `mainFrame` is the main window with its frame.
-QRect defaultPlace(const QRect& screen, const QRect& mainFrame, int headerBottom) {
+QRect defaultPlace(const QRect& screen, const QRect& mainFrame, int headerBottom, QSizeF sheet) {
     const int roomBeside = screen.right() - mainFrame.right() - kFrameAllowance;
     if (roomBeside >= kNarrowestBeside) {
-        const int side = std::min(kSide, roomBeside);
-        return {mainFrame.right() + 1, std::max(screen.top(), mainFrame.top()), side, side};
+        const QSize size = shaped(std::min(kSide, roomBeside), sheet);
+        return {QPoint(mainFrame.right() + 1, std::max(screen.top(), mainFrame.top())), size};
     }
-    QRect place(0, 0, kSide, kSide);
+    QRect place(QPoint(0, 0), shaped(kSide, sheet));
     place.moveBottomRight(screen.bottomRight() - QPoint(kFrameAllowance, kFrameAllowance));
     const bool besideHeader = place.left() > mainFrame.right() || place.right() < mainFrame.left();
     if (!besideHeader && place.top() <= headerBottom)
@@ -45,7 +51,7 @@ VirtualTablet::VirtualTablet(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(sheet_);
-    resize(kSide, kSide);
+    resize(shaped(kSide, {270, 190}));
     connect(sheet_, &SheetView::pressed, this, &VirtualTablet::pressed);
 }
 
@@ -56,13 +62,13 @@ void VirtualTablet::showBusy(bool busy) {
         unsetCursor();
 }
 
-void VirtualTablet::showAt(const QRect& place, const QMainWindow& mainWindow) {
+void VirtualTablet::showAt(const QRect& place, const QMainWindow& mainWindow, QSizeF sheetMm) {
     const QRect room = mainWindow.screen()->availableGeometry();
     const QRect seen = place.intersected(room);
     QRect chosen = place;
     if (place.isNull() || seen.width() < kVisibleEnough || seen.height() < kVisibleEnough) {
         const int headerBottom = mainWindow.centralWidget()->mapToGlobal(QPoint(0, 0)).y() - 1;
-        chosen = defaultPlace(room, mainWindow.frameGeometry(), headerBottom);
+        chosen = defaultPlace(room, mainWindow.frameGeometry(), headerBottom, sheetMm);
     }
     // move() places the window manager's frame, resize() the inside.
     move(chosen.topLeft());

@@ -20,8 +20,9 @@ public:
 
     // Shows the tablet at `place` (as place() gives it) while enough of that is on
     // the screen; else beside `mainWindow`, or in the screen's lower right corner
-    // when there is no room beside it, never over its menus and toolbar.
-    void showAt(const QRect& place, const QMainWindow& mainWindow);
+    // when there is no room beside it, never over its menus and toolbar; a new
+    // place takes the shape of a sheet of `sheetMm`.
+    void showAt(const QRect& place, const QMainWindow& mainWindow, QSizeF sheetMm);
     // Where the tablet is: its frame's corner and the size inside the frame.
     QRect place() const;
 
