@@ -1,6 +1,5 @@
 #include "app/Application.h"
 
-#include "action/KeysPreview.h"
 #include "devices/QtSerialLink.h"
 #include "editor/AreaGeometry.h"
 #include "editor/widgets/Captions.h"
@@ -65,22 +64,12 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
     connect(&timer2_, &QTimer::timeout, this, [this] {
         session_.actionState.TargetWindow = targetTracker_.tick(session_.actionState.TargetWindow);
     });
-    const auto status = [this](const QString& text) { setStatus(text); };
-    editor_ = std::make_unique<EditorController>(
-        EditorController::Context{session_, [this] { sound_.click(); },
-                                  [this](const QString& text) { runner_->SendActionText(text); },
-                                  [](const QString& text) { return KeysPreview::of(text).text; },
-                                  status},
-        EditorController::Views{window_, *window_.sheetPane(), *window_.panel(),
-                                *window_.pageFrame()});
-    document_ = std::make_unique<DocumentController>(
-        DocumentController::Context{session_,
-                                    [this](bool another) {
-                                        editor_->refresh(another);
-                                        applyTemplateSpeech();
-                                    },
-                                    status},
-        window_);
+    assembly_ = std::make_unique<EditorAssembly>(
+        session_, window_,
+        EditorAssembly::Effects{[this] { sound_.click(); },
+                                [this](const QString& text) { runner_->SendActionText(text); },
+                                [this](const QString& text) { setStatus(text); },
+                                [this] { applyTemplateSpeech(); }});
     wireWindow();
     wireEditor();
     wireRunner();
@@ -100,8 +89,7 @@ bool Application::start() {
     session_.tmpl.NewTemplate();
     session_.tmpl.SV_velocitat = speech_.SpeechSpeed;
     applyTemplateSpeech();
-    document_->refreshTitle();
-    editor_->refresh();
+    assembly_->refresh();
     if (locked_)
         window_.lock();
     window_.setStartAtLoginChecked(autostart_.isSet());
@@ -121,7 +109,7 @@ void Application::readConfiguration() {
     session_.settings = readSettings(PrivateProfile(settingsFilePath(session_.homeFolder)));
     session_.catalogue = MacroCatalogue::read(MacroCatalogue::locate(
         session_.homeFolder, programDataFolder(QApplication::applicationDirPath())));
-    editor_->refreshCatalogue();
+    editor().refreshCatalogue();
     runner_->setLanguage(session_.language());
     translate();
     window_.setModelPicture(QPixmap(modelPicture(session_.settings.model)));
@@ -146,7 +134,7 @@ void Application::openFromCommandLine() {
         session_.actionState.WorkingFolder = path.left(slash);
     openedFromCommandLine_ = true;
     const QString folder = session_.actionState.WorkingFolder;
-    document_->open(path.toUpper());
+    document().open(path.toUpper());
     // A Template named on the command line keeps the folder it was named from.
     session_.actionState.WorkingFolder = folder;
     activateTarget();
@@ -211,8 +199,7 @@ void Application::wireWindow() {
 }
 
 void Application::wireEditor() {
-    EditorController& editor = *editor_;
-    editor.bindActions(window_.editorActions());
+    EditorController& editor = assembly_->editor();
     connect(&editor, &EditorController::templateChanged, this, &Application::refreshVirtualTablet);
     connect(&editor, &EditorController::sheetPressed, this, [this](QPointF point) {
         dispatcher_->DispatchPress(roundToInt16(point.x()), roundToInt16(point.y()));
@@ -231,9 +218,9 @@ void Application::wireRunner() {
     });
     connect(runner_.get(), &ActionRunner::pendingPageSet, this, [this](int page) {
         session_.actionState.pendingPage.reset();
-        editor_->areas().showPage(page);
+        editor().areas().showPage(page);
     });
-    connect(runner_.get(), &ActionRunner::openTemplateRequested, document_.get(),
+    connect(runner_.get(), &ActionRunner::openTemplateRequested, &document(),
             &DocumentController::openFile);
     connect(runner_.get(), &ActionRunner::closeRequested, this, &Application::closeAtOnce);
 }
@@ -259,10 +246,7 @@ void Application::applyTemplateSpeech() {
 void Application::translate() {
     sound_.setLanguage(session_.language());
     speechEngine_.setMessageLanguage(session_.language());
-    window_.translate(session_.language());
-    translateAllWindows(session_.language());
-    editor_->retranslate();
-    document_->refreshTitle();
+    assembly_->translate(session_.language());
     tablet_->retranslate();
 }
 
@@ -284,22 +268,21 @@ void Application::editProperties() {
     if (!PlantForm::edit(&window_, session_.tmpl, windows_, session_.catalogue, session_.language(),
                          &session_.actionState.WorkingFolder, voices))
         return;
-    editor_->keepForUndo(before);
-    editor_->refresh();
-    document_->refreshTitle();
+    editor().keepForUndo(before);
+    assembly_->refresh();
     applyTemplateSpeech();
 }
 
 // The virtual tablet shows the pupil's sheet: the Areas without the editor's marks.
 void Application::refreshVirtualTablet() {
-    QList<SheetArea> areas = editor_->sheetAreas();
+    QList<SheetArea> areas = editor().sheetAreas();
     for (SheetArea& area : areas) {
         area.selected = false;
         area.number = 0;
     }
     SheetView* sheet = virtualTablet_.sheet();
     sheet->setSheetSize(sheetSizeMm(session_.tmpl));
-    sheet->setPicture(editor_->sheetPicture());
+    sheet->setPicture(editor().sheetPicture());
     sheet->setAreas(areas);
     window_.setSoundChecked(session_.tmpl.SoundActive != 0);
 }
@@ -357,7 +340,7 @@ void Application::setStatus(const QString& text) {
 
 // Quitting asks about unsaved changes first.
 void Application::quit() {
-    if (locked_ ? teacherConfirmsClose() : document_->mayDiscardChanges())
+    if (locked_ ? teacherConfirmsClose() : document().mayDiscardChanges())
         closeProgram();
 }
 

@@ -3,6 +3,7 @@
 #include "action/ActionRunner.h"
 #include "action/Speech.h"
 #include "app/DocumentController.h"
+#include "app/EditorAssembly.h"
 #include "app/MainWindow.h"
 #include "app/ReaderWindow.h"
 #include "app/VirtualTablet.h"
@@ -48,8 +49,8 @@ public:
     // Brings the program up; false when it must end at once (a second copy).
     bool start();
 
-    EditorController& editor() { return *editor_; }
-    DocumentController& document() { return *document_; }
+    EditorController& editor() { return assembly_->editor(); }
+    DocumentController& document() { return assembly_->document(); }
 
 private:
     void readConfiguration();
@@ -108,8 +109,7 @@ private:
     MainWindow window_;
     VirtualTablet virtualTablet_;
     ReaderWindow reader_;
-    std::unique_ptr<EditorController> editor_;
-    std::unique_ptr<DocumentController> document_;
+    std::unique_ptr<EditorAssembly> assembly_;
     QTimer timer2_;
 };
 

@@ -1,36 +1,24 @@
 #include "EditorFixture.h"
 
-#include "action/KeysPreview.h"
-
 #include <QMouseEvent>
 
 namespace mervak::test {
 
 EditorFixture::EditorFixture()
-    : editor(EditorController::Context{
-                 session, [this] { ++beeps; }, [this](const QString& text) { ran.append(text); },
-                 [](const QString& text) { return KeysPreview::of(text).text; },
-                 [this](const QString& text) { status = text; }},
-             EditorController::Views{window, *window.sheetPane(), *window.panel(),
-                                     *window.pageFrame()}),
-      document(DocumentController::Context{session,
-                                           [this](bool another) { editor.refresh(another); },
-                                           [this](const QString& text) { status = text; }},
-               window) {
-    editor.bindActions(window.editorActions());
+    : assembly(session, window,
+               {[this] { ++beeps; },
+                [this](const QString& text) { ran.append(text); },
+                [this](const QString& text) { status = text; },
+                {}}) {
     window.resize(940, 720);
     window.show();
-    editor.refresh();
-    document.refreshTitle();
+    assembly.refresh();
     QApplication::processEvents();
 }
 
 void EditorFixture::switchLanguage(Language to) {
     language = to;
-    window.translate(to);
-    translateAllWindows(to);
-    editor.retranslate();
-    document.refreshTitle();
+    assembly.translate(to);
 }
 
 QPointF EditorFixture::widgetPoint(QPointF units) const {

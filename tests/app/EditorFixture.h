@@ -1,8 +1,6 @@
 #pragma once
 
-#include "app/DocumentController.h"
-#include "app/MainWindow.h"
-#include "editor/widgets/Captions.h"
+#include "app/EditorAssembly.h"
 #include "editor/widgets/EditorController.h"
 #include "support/TestAreas.h"
 
@@ -44,8 +42,9 @@ protected:
     QStringList ran;
     QString status;
     MainWindow window;
-    EditorController editor;
-    DocumentController document;
+    EditorAssembly assembly;
+    EditorController& editor{assembly.editor()};
+    DocumentController& document{assembly.document()};
 };
 
 } // namespace mervak::test

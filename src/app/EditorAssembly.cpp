@@ -1,0 +1,40 @@
+#include "app/EditorAssembly.h"
+
+#include "action/KeysPreview.h"
+#include "editor/widgets/Captions.h"
+
+namespace mervak {
+
+EditorAssembly::EditorAssembly(Session& session, MainWindow& window, Effects effects)
+    : window_(window),
+      editor_(
+          EditorController::Context{session, effects.beep, effects.runActionText,
+                                    [](const QString& text) { return KeysPreview::of(text).text; },
+                                    effects.status},
+          EditorController::Views{window, *window.sheetPane(), *window.panel(),
+                                  *window.pageFrame()}),
+      document_(
+          DocumentController::Context{session,
+                                      [this, replaced = effects.templateReplaced](bool another) {
+                                          editor_.refresh(another);
+                                          if (replaced)
+                                              replaced();
+                                      },
+                                      effects.status},
+          window) {
+    editor_.bindActions(window.editorActions());
+}
+
+void EditorAssembly::translate(Language language) {
+    window_.translate(language);
+    translateAllWindows(language);
+    editor_.retranslate();
+    document_.refreshTitle();
+}
+
+void EditorAssembly::refresh() {
+    editor_.refresh();
+    document_.refreshTitle();
+}
+
+} // namespace mervak
