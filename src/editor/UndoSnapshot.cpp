@@ -8,10 +8,10 @@
 
 namespace mervak {
 
-UndoSnapshot::UndoSnapshot(QString homeFolder) : m_homeFolder(std::move(homeFolder)) {}
+UndoSnapshot::UndoSnapshot(QString homeFolder) : homeFolder_(std::move(homeFolder)) {}
 
 QString UndoSnapshot::snapshotPath() const {
-    return QDir(m_homeFolder).filePath(QStringLiteral("tmp.bin"));
+    return QDir(homeFolder_).filePath(QStringLiteral("tmp.bin"));
 }
 
 std::optional<TemplateError> UndoSnapshot::run(Template& t, Mode mode) {
@@ -20,7 +20,7 @@ std::optional<TemplateError> UndoSnapshot::run(Template& t, Mode mode) {
 
 std::optional<TemplateError> UndoSnapshot::take(const Template& t) {
     auto error = writeFileBytes(snapshotPath(), writeMvw(t));
-    m_canUndo = !error;
+    canUndo_ = !error;
     return error;
 }
 
@@ -28,7 +28,7 @@ std::optional<TemplateError> UndoSnapshot::undo(Template& t) {
     QByteArray bytes;
     if (auto error = readFileBytes(snapshotPath(), bytes))
         return error;
-    const QString copy = QDir(m_homeFolder).filePath(QStringLiteral("tmp.mvw"));
+    const QString copy = QDir(homeFolder_).filePath(QStringLiteral("tmp.mvw"));
     if (auto error = writeFileBytes(copy, bytes))
         return error;
     Template restored;
@@ -36,7 +36,7 @@ std::optional<TemplateError> UndoSnapshot::undo(Template& t) {
         return error;
     restored.TemplateFileName = t.TemplateFileName;
     t = std::move(restored);
-    m_canUndo = false;
+    canUndo_ = false;
     return std::nullopt;
 }
 

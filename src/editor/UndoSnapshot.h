@@ -30,13 +30,13 @@ public:
 
     // True once a snapshot was taken for the open Template and not yet undone:
     // the one left by an earlier run, or by another Template, is not its past.
-    bool canUndo() const { return m_canUndo; }
+    bool canUndo() const { return canUndo_; }
     // The open Template was replaced by another.
-    void forget() { m_canUndo = false; }
+    void forget() { canUndo_ = false; }
 
 private:
-    QString m_homeFolder;
-    bool m_canUndo = false;
+    QString homeFolder_;
+    bool canUndo_ = false;
 };
 
 } // namespace mervak

@@ -40,11 +40,11 @@ bool plainInteger(QStringView token, long long& value) {
 
 int16_t FieldReader::readInteger() {
     skipBlanks();
-    const int line = m_line;
-    const qsizetype start = m_pos;
-    while (m_pos < m_text.size() && !endsNumber(m_text[m_pos]))
-        ++m_pos;
-    const QStringView token = m_text.sliced(start, m_pos - start);
+    const int line = line_;
+    const qsizetype start = pos_;
+    while (pos_ < text_.size() && !endsNumber(text_[pos_]))
+        ++pos_;
+    const QStringView token = text_.sliced(start, pos_ - start);
     if (token.isEmpty())
         fail(line);
     long long value = 0;
@@ -65,15 +65,15 @@ int16_t FieldReader::readInteger() {
 
 QString FieldReader::readQuoted() {
     skipBlanks();
-    const int line = m_line;
-    if (m_pos >= m_text.size() || m_text[m_pos] != u'"')
+    const int line = line_;
+    if (pos_ >= text_.size() || text_[pos_] != u'"')
         fail(line);
-    const qsizetype close = m_text.indexOf(u'"', m_pos + 1);
+    const qsizetype close = text_.indexOf(u'"', pos_ + 1);
     if (close < 0)
         fail(line);
-    QString value = m_text.sliced(m_pos + 1, close - m_pos - 1).toString();
-    m_line += static_cast<int>(value.count(u'\n'));
-    m_pos = close + 1;
+    QString value = text_.sliced(pos_ + 1, close - pos_ - 1).toString();
+    line_ += static_cast<int>(value.count(u'\n'));
+    pos_ = close + 1;
     value.replace(QChar(kPilcrow), u'"');
     endValue();
     return value;
@@ -81,13 +81,13 @@ QString FieldReader::readQuoted() {
 
 QString FieldReader::readBare() {
     skipBlanks();
-    if (m_pos >= m_text.size())
-        fail(m_line);
-    const qsizetype start = m_pos;
-    while (m_pos < m_text.size() && m_text[m_pos] != u',' && m_text[m_pos] != u'\r' &&
-           m_text[m_pos] != u'\n')
-        ++m_pos;
-    QStringView value = m_text.sliced(start, m_pos - start);
+    if (pos_ >= text_.size())
+        fail(line_);
+    const qsizetype start = pos_;
+    while (pos_ < text_.size() && text_[pos_] != u',' && text_[pos_] != u'\r' &&
+           text_[pos_] != u'\n')
+        ++pos_;
+    QStringView value = text_.sliced(start, pos_ - start);
     while (!value.isEmpty() && isBlank(value.back()))
         value.chop(1);
     skipRestOfLine();
@@ -95,43 +95,43 @@ QString FieldReader::readBare() {
 }
 
 bool FieldReader::atEnd() const {
-    for (qsizetype i = m_pos; i < m_text.size(); ++i)
-        if (!isBlank(m_text[i]) && m_text[i] != u'\r' && m_text[i] != u'\n')
+    for (qsizetype i = pos_; i < text_.size(); ++i)
+        if (!isBlank(text_[i]) && text_[i] != u'\r' && text_[i] != u'\n')
             return false;
     return true;
 }
 
 void FieldReader::skipBlanks() {
-    while (m_pos < m_text.size() && isBlank(m_text[m_pos]))
-        ++m_pos;
+    while (pos_ < text_.size() && isBlank(text_[pos_]))
+        ++pos_;
 }
 
 // After a value: blanks, then a comma, a line end or the end of the text.
 void FieldReader::endValue() {
     skipBlanks();
-    if (m_pos >= m_text.size())
+    if (pos_ >= text_.size())
         return;
-    if (m_text[m_pos] == u',') {
-        ++m_pos;
+    if (text_[pos_] == u',') {
+        ++pos_;
         return;
     }
-    if (m_text[m_pos] != u'\r' && m_text[m_pos] != u'\n')
-        fail(m_line);
+    if (text_[pos_] != u'\r' && text_[pos_] != u'\n')
+        fail(line_);
     takeLineEnd();
 }
 
 void FieldReader::skipRestOfLine() {
-    while (m_pos < m_text.size() && m_text[m_pos] != u'\r' && m_text[m_pos] != u'\n')
-        ++m_pos;
-    if (m_pos < m_text.size())
+    while (pos_ < text_.size() && text_[pos_] != u'\r' && text_[pos_] != u'\n')
+        ++pos_;
+    if (pos_ < text_.size())
         takeLineEnd();
 }
 
 void FieldReader::takeLineEnd() {
-    if (m_text[m_pos] == u'\r' && m_pos + 1 < m_text.size() && m_text[m_pos + 1] == u'\n')
-        ++m_pos;
-    ++m_pos;
-    ++m_line;
+    if (text_[pos_] == u'\r' && pos_ + 1 < text_.size() && text_[pos_ + 1] == u'\n')
+        ++pos_;
+    ++pos_;
+    ++line_;
 }
 
 void FieldReader::fail(int line) const {

@@ -18,7 +18,7 @@ struct FieldError {
 // when a number does not fit in 16 bits.
 class FieldReader {
 public:
-    explicit FieldReader(QStringView text) : m_text(text) {}
+    explicit FieldReader(QStringView text) : text_(text) {}
 
     // A number in the classic numeric forms ("5", " -12 ", "&HFF"), rounded to 16 bits.
     int16_t readInteger();
@@ -33,7 +33,7 @@ public:
     // True when only blanks and line ends remain.
     bool atEnd() const;
 
-    int line() const { return m_line; }
+    int line() const { return line_; }
 
 private:
     void skipBlanks();
@@ -42,9 +42,9 @@ private:
     void takeLineEnd();
     [[noreturn]] void fail(int line) const;
 
-    QStringView m_text;
-    qsizetype m_pos = 0;
-    int m_line = 1;
+    QStringView text_;
+    qsizetype pos_ = 0;
+    int line_ = 1;
 };
 
 } // namespace mervak

@@ -18,34 +18,34 @@ void FieldWriter::writeInteger(int16_t value) {
         digits[count++] = static_cast<char16_t>(u'0' + magnitude % 10);
         magnitude /= 10;
     } while (magnitude > 0);
-    m_text.append(value < 0 ? u'-' : u' ');
+    text_.append(value < 0 ? u'-' : u' ');
     while (count > 0)
-        m_text.append(QChar(digits[--count]));
-    m_text.append(u' ');
+        text_.append(QChar(digits[--count]));
+    text_.append(u' ');
     endLine();
 }
 
 void FieldWriter::writeQuoted(const QString& value) {
-    m_text.append(u'"');
+    text_.append(u'"');
     if (value.contains(u'"'))
-        m_text.append(QString(value).replace(u'"', QChar(kPilcrow)));
+        text_.append(QString(value).replace(u'"', QChar(kPilcrow)));
     else
-        m_text.append(value);
-    m_text.append(u'"');
+        text_.append(value);
+    text_.append(u'"');
     endLine();
 }
 
 void FieldWriter::writeBare(const QString& value) {
-    m_text.append(value);
+    text_.append(value);
     endLine();
 }
 
 QByteArray FieldWriter::bytes() const {
-    return encodeFileText(m_text);
+    return encodeFileText(text_);
 }
 
 void FieldWriter::endLine() {
-    m_text.append(QLatin1String("\r\n"));
+    text_.append(QLatin1String("\r\n"));
 }
 
 } // namespace mervak

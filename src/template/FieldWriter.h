@@ -8,7 +8,7 @@ namespace mervak {
 // Builds the text of a Template file, one value per line, each line ended by CR LF.
 class FieldWriter {
 public:
-    explicit FieldWriter(qsizetype expectedSize = 0) { m_text.reserve(expectedSize); }
+    explicit FieldWriter(qsizetype expectedSize = 0) { text_.reserve(expectedSize); }
 
     // As the number-printing statement writes it: a blank or a minus sign, the digits, a blank.
     void writeInteger(int16_t value);
@@ -27,7 +27,7 @@ public:
 private:
     void endLine();
 
-    QString m_text;
+    QString text_;
 };
 
 } // namespace mervak

@@ -21,8 +21,8 @@ public:
     KeyTextEncoder() {
         for (int code = 255; code >= 1; --code) {
             const QString& text = legacyKeyText(code);
-            m_codes.insert(text, static_cast<char>(code));
-            m_longest = qMax(m_longest, text.size());
+            codes_.insert(text, static_cast<char>(code));
+            longest_ = qMax(longest_, text.size());
         }
     }
 
@@ -58,9 +58,9 @@ private:
         if (Piece page = pageBlock(text, i); page.length > 0) {
             found.push_back(std::move(page));
         }
-        for (qsizetype len = 1; len <= m_longest && i + len <= text.size(); ++len) {
-            const auto it = m_codes.constFind(text.mid(i, len));
-            if (it != m_codes.cend())
+        for (qsizetype len = 1; len <= longest_ && i + len <= text.size(); ++len) {
+            const auto it = codes_.constFind(text.mid(i, len));
+            if (it != codes_.cend())
                 found.push_back({len, QByteArray(1, it.value())});
         }
         found.push_back({uncodedLength(text, i), {}});
@@ -105,8 +105,8 @@ private:
         return text.size();
     }
 
-    QHash<QString, char> m_codes;
-    qsizetype m_longest = 0;
+    QHash<QString, char> codes_;
+    qsizetype longest_ = 0;
 };
 
 const KeyTextEncoder& encoder() {
@@ -116,30 +116,30 @@ const KeyTextEncoder& encoder() {
 
 class MvdBuilder {
 public:
-    explicit MvdBuilder(const Template& t) : m_t(t) {}
+    explicit MvdBuilder(const Template& t) : t_(t) {}
 
     MvdExport build() {
         reportHeader();
         appendHeaderRecord();
-        for (int i = 1; i <= m_t.AreaCount(); ++i)
-            appendArea(i, m_t.area(i));
-        return std::move(m_result);
+        for (int i = 1; i <= t_.AreaCount(); ++i)
+            appendArea(i, t_.area(i));
+        return std::move(result_);
     }
 
 private:
     void lose(MvdLoss::Kind kind, int16_t area, const QString& text = {}) {
-        m_result.losses.append({kind, area, text});
+        result_.losses.append({kind, area, text});
     }
 
     void reportHeader() {
         const std::pair<const char*, bool> fields[] = {
-            {"FitxGraf", !m_t.FitxGraf.isEmpty()},     {"Ordres", !m_t.Ordres.isEmpty()},
-            {"PlantOption", m_t.PlantOption != 0},     {"FitxClip", !m_t.FitxClip.isEmpty()},
-            {"Tecles", !m_t.Tecles.isEmpty()},         {"FitxDoc", !m_t.FitxDoc.isEmpty()},
-            {"TxFinestra", !m_t.TxFinestra.isEmpty()}, {"descripcio", !m_t.descripcio.isEmpty()},
-            {"SoundActive", m_t.SoundActive != 0},     {"HeaderFlag", m_t.HeaderFlag != 0},
-            {"sv_idioma", m_t.sv_idioma != 0},         {"sv_locutor", m_t.sv_locutor != 0},
-            {"SV_velocitat", m_t.SV_velocitat != 0},   {"MidaLamina", !m_t.hasTabletSheetSize()},
+            {"FitxGraf", !t_.FitxGraf.isEmpty()},     {"Ordres", !t_.Ordres.isEmpty()},
+            {"PlantOption", t_.PlantOption != 0},     {"FitxClip", !t_.FitxClip.isEmpty()},
+            {"Tecles", !t_.Tecles.isEmpty()},         {"FitxDoc", !t_.FitxDoc.isEmpty()},
+            {"TxFinestra", !t_.TxFinestra.isEmpty()}, {"descripcio", !t_.descripcio.isEmpty()},
+            {"SoundActive", t_.SoundActive != 0},     {"HeaderFlag", t_.HeaderFlag != 0},
+            {"sv_idioma", t_.sv_idioma != 0},         {"sv_locutor", t_.sv_locutor != 0},
+            {"SV_velocitat", t_.SV_velocitat != 0},   {"MidaLamina", !t_.hasTabletSheetSize()},
         };
         for (const auto& [name, present] : fields)
             if (present)
@@ -149,13 +149,13 @@ private:
     void appendHeaderRecord() {
         QByteArray record(Mvd::kRecordSize, '\0');
         record[0] = static_cast<char>(Mvd::kHeaderMark);
-        int16_t pages = m_t.PageCount;
+        int16_t pages = t_.PageCount;
         if (pages < 1 || pages > 255) {
             lose(MvdLoss::Kind::PageCountCut, 0, QString::number(pages));
             pages = static_cast<int16_t>(qBound(1, static_cast<int>(pages), 255));
         }
         record[3] = static_cast<char>(pages);
-        m_result.bytes += record;
+        result_.bytes += record;
     }
 
     char coordinate(int16_t index, const char* name, int16_t value, int highest) {
@@ -181,7 +181,7 @@ private:
         record[3] = coordinate(index, "Y1", a.Y1, 255);
         record[4] = static_cast<char>(a.Page);
         record.replace(Mvd::kKeyTextStart, Mvd::kKeyTextSize, keyText(index, a.ActionText));
-        m_result.bytes += record;
+        result_.bytes += record;
     }
 
     QByteArray keyText(int16_t index, const QString& text) {
@@ -213,8 +213,8 @@ private:
         uncoded.clear();
     }
 
-    const Template& m_t;
-    MvdExport m_result;
+    const Template& t_;
+    MvdExport result_;
 };
 
 } // namespace

@@ -15,7 +15,7 @@ QString windowTitle(const Template& t) {
     return QStringLiteral("Mervak - ") + t.TemplateFileName;
 }
 
-Template::Template() : TemplateFileName(untitledName()), m_areas(1) {}
+Template::Template() : TemplateFileName(untitledName()), areas_(1) {}
 
 void Template::NewTemplate() {
     *this = Template();
@@ -23,41 +23,41 @@ void Template::NewTemplate() {
 
 const Area& Template::area(int index) const {
     Q_ASSERT(index >= 1 && index <= AreaCount());
-    return m_areas[index];
+    return areas_[index];
 }
 
 Area& Template::area(int index) {
     Q_ASSERT(index >= 1 && index <= AreaCount());
-    m_boxesCurrent = false;
-    return m_areas[index];
+    boxesCurrent_ = false;
+    return areas_[index];
 }
 
 const QList<AreaBox>& Template::areaBoxes() const {
-    if (m_boxesCurrent)
-        return m_boxes;
-    m_boxes.clear();
-    m_boxes.reserve(AreaCount());
+    if (boxesCurrent_)
+        return boxes_;
+    boxes_.clear();
+    boxes_.reserve(AreaCount());
     for (int i = 1; i <= AreaCount(); ++i) {
-        const Area& a = m_areas[i];
+        const Area& a = areas_[i];
         const auto [left, right] = std::minmax(a.X0, a.X1);
         const auto [bottom, top] = std::minmax(a.Y0, a.Y1);
-        m_boxes.append({left, bottom, right, top, a.Page});
+        boxes_.append({left, bottom, right, top, a.Page});
     }
-    m_boxesCurrent = true;
-    return m_boxes;
+    boxesCurrent_ = true;
+    return boxes_;
 }
 
 void Template::reserveAreas(qsizetype count) {
     if (count > 0)
-        m_areas.reserve(m_areas.size() + qMin<qsizetype>(count, kMaxAreas));
+        areas_.reserve(areas_.size() + qMin<qsizetype>(count, kMaxAreas));
 }
 
 void Template::AppendArea(const Area& area) {
     const int16_t pageAreas = add16(PageAreaCount, 1);
     const int16_t current = add16(CurrentArea, 1);
     add16(AreaCount(), 1);
-    m_areas.append(area);
-    m_boxesCurrent = false;
+    areas_.append(area);
+    boxesCurrent_ = false;
     PageAreaCount = pageAreas;
     CurrentArea = current;
     Modified = true;
@@ -68,8 +68,8 @@ void Template::DeleteArea(int16_t index) {
         SelectedArea = 0;
     if (index < 1 || index > AreaCount())
         return;
-    m_areas.removeAt(index);
-    m_boxesCurrent = false;
+    areas_.removeAt(index);
+    boxesCurrent_ = false;
     PageAreaCount = sub16(PageAreaCount, 1);
     CurrentArea = sub16(CurrentArea, 1);
 }
@@ -77,7 +77,7 @@ void Template::DeleteArea(int16_t index) {
 QList<int16_t> Template::areasOfPage(int16_t page) const {
     QList<int16_t> indices;
     for (int i = 1; i <= AreaCount(); ++i)
-        if (m_areas[i].Page == page)
+        if (areas_[i].Page == page)
             indices.append(i);
     return indices;
 }
@@ -85,7 +85,7 @@ QList<int16_t> Template::areasOfPage(int16_t page) const {
 int16_t Template::countAreasOfPage(int16_t page) const {
     int16_t count = 0;
     for (int i = 1; i <= AreaCount(); ++i)
-        if (m_areas[i].Page == page)
+        if (areas_[i].Page == page)
             ++count;
     return count;
 }
@@ -98,7 +98,7 @@ bool Template::NextArea() {
     if (CurrentArea >= PageAreaCount)
         return false;
     for (int i = SelectedArea + 1; i <= AreaCount(); ++i) {
-        if (m_areas[i].Page == CurrentPage) {
+        if (areas_[i].Page == CurrentPage) {
             ++CurrentArea;
             SelectedArea = static_cast<int16_t>(i);
             break;
@@ -111,7 +111,7 @@ bool Template::PrevArea() {
     if (CurrentArea <= 1)
         return false;
     for (int i = qMin<int>(SelectedArea - 1, AreaCount()); i >= 1; --i) {
-        if (m_areas[i].Page == CurrentPage) {
+        if (areas_[i].Page == CurrentPage) {
             --CurrentArea;
             SelectedArea = static_cast<int16_t>(i);
             break;

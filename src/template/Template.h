@@ -70,7 +70,7 @@ public:
     // Empties the Template: no Areas, one page, untitled, header cleared.
     void NewTemplate();
 
-    int16_t AreaCount() const { return static_cast<int16_t>(m_areas.size() - 1); }
+    int16_t AreaCount() const { return static_cast<int16_t>(areas_.size() - 1); }
 
     // Index 1..AreaCount(); anything else is a programming error. The writable
     // reference drops areaBoxes(): write through it before the next hit test.
@@ -108,9 +108,9 @@ public:
     bool isUntitled() const;
 
 private:
-    QList<Area> m_areas; // element 0 always exists and holds no Area
-    mutable QList<AreaBox> m_boxes;
-    mutable bool m_boxesCurrent = false;
+    QList<Area> areas_; // element 0 always exists and holds no Area
+    mutable QList<AreaBox> boxes_;
+    mutable bool boxesCurrent_ = false;
 };
 
 // The untitled name, and the window title that shows the file name.

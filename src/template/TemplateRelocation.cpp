@@ -24,24 +24,24 @@ QString canonicalFolder(const QString& folder) {
 class FileCopier {
 public:
     FileCopier(QString sourceFolder, QString targetFolder, RelocationReport& report)
-        : m_source(std::move(sourceFolder)), m_target(std::move(targetFolder)), m_report(report) {}
+        : source_(std::move(sourceFolder)), target_(std::move(targetFolder)), report_(report) {}
 
     // The name the stored reference takes in the new folder; the stored text
     // itself when it names no file or the copy failed.
     QString relocate(const QString& stored) {
-        const QString found = findCaseInsensitive(resolveStoredPath(stored, m_source));
+        const QString found = findCaseInsensitive(resolveStoredPath(stored, source_));
         if (found.isEmpty() || !QFileInfo(found).isFile()) {
-            if (!m_report.missing.contains(stored))
-                m_report.missing.append(stored);
+            if (!report_.missing.contains(stored))
+                report_.missing.append(stored);
             return stored;
         }
-        if (const auto it = m_copies.constFind(found); it != m_copies.cend())
+        if (const auto it = copies_.constFind(found); it != copies_.cend())
             return it.value();
         const QString name = copyUnderFreeName(found, QFileInfo(toLocalPath(stored)).fileName());
         if (name.isEmpty())
             return stored;
-        m_copies.insert(found, name);
-        m_taken.insert(name.toLower());
+        copies_.insert(found, name);
+        taken_.insert(name.toLower());
         return name;
     }
 
@@ -50,7 +50,7 @@ public:
     QString relocateProgram(const QString& stored) {
         if (isAbsoluteStoredPath(stored))
             return stored;
-        const QString found = findCaseInsensitive(QDir(m_source).filePath(toLocalPath(stored)));
+        const QString found = findCaseInsensitive(QDir(source_).filePath(toLocalPath(stored)));
         return QFileInfo(found).isFile() ? relocate(stored) : stored;
     }
 
@@ -58,28 +58,28 @@ private:
     QString copyUnderFreeName(const QString& source, const QString& wanted) {
         QByteArray content;
         if (auto error = readFileBytes(source, content)) {
-            m_report.error = error;
+            report_.error = error;
             return {};
         }
         for (int n = 1;; ++n) {
             const QString name = n == 1 ? wanted : numbered(wanted, n);
-            if (m_taken.contains(name.toLower()))
+            if (taken_.contains(name.toLower()))
                 continue;
-            const QString existing = findCaseInsensitive(QDir(m_target).filePath(name));
+            const QString existing = findCaseInsensitive(QDir(target_).filePath(name));
             if (!existing.isEmpty()) {
                 QByteArray present;
                 if (!readFileBytes(existing, present) && present == content)
                     return QFileInfo(existing).fileName();
                 continue;
             }
-            const QString copy = QDir(m_target).filePath(name);
+            const QString copy = QDir(target_).filePath(name);
             if (auto error = writeFileBytes(copy, content)) {
-                m_report.error = error;
+                report_.error = error;
                 return {};
             }
             // A program keeps its permission to run.
             QFile::setPermissions(copy, QFileInfo(source).permissions());
-            m_report.copied.append(copy);
+            report_.copied.append(copy);
             return name;
         }
     }
@@ -90,11 +90,11 @@ private:
         return dot <= 0 ? name + suffix : name.left(dot) + suffix + name.mid(dot);
     }
 
-    QString m_source;
-    QString m_target;
-    RelocationReport& m_report;
-    QHash<QString, QString> m_copies; // found source file -> name in the target folder
-    QSet<QString> m_taken;            // names given in this save, lower case
+    QString source_;
+    QString target_;
+    RelocationReport& report_;
+    QHash<QString, QString> copies_; // found source file -> name in the target folder
+    QSet<QString> taken_;            // names given in this save, lower case
 };
 
 void relocateActionText(FileCopier& copier, Area& a) {
