@@ -170,19 +170,34 @@ int reported(const std::optional<TemplateError>& error, CommandContext& c) {
     return kFailure;
 }
 
+// FILE read and moved to PAGE, or the status that ends the command.
+struct PageOfFile {
+    Template t;
+    int status = kSuccess;
+};
+
+PageOfFile loadPage(const Arguments& a, qsizetype count, const QString& command,
+                    CommandContext& c) {
+    PageOfFile loaded;
+    if (a.positional.size() != count)
+        loaded.status = usage(command, c);
+    else if (!load(a.positional[0], loaded.t, c))
+        loaded.status = kFailure;
+    else if (const auto page = pageNumber(loaded.t, a.positional[1], c))
+        loaded.t.CurrentPage = *page;
+    else
+        loaded.status = kUsage;
+    return loaded;
+}
+
 // Loads FILE, moves to PAGE and runs `edit`; saves to --output or FILE when it
 // returns kSuccess, else returns its status with the file untouched.
 int editPage(const Arguments& a, qsizetype count, const QString& command, CommandContext& c,
              const std::function<int(Template&)>& edit) {
-    if (a.positional.size() != count)
-        return usage(command, c);
-    Template t;
-    if (!load(a.positional[0], t, c))
-        return kFailure;
-    const auto page = pageNumber(t, a.positional[1], c);
-    if (!page)
-        return kUsage;
-    t.CurrentPage = *page;
+    PageOfFile loaded = loadPage(a, count, command, c);
+    if (loaded.status != kSuccess)
+        return loaded.status;
+    Template& t = loaded.t;
     t.refreshPageAreaCount();
     if (const int status = edit(t); status != kSuccess)
         return status;
@@ -190,15 +205,10 @@ int editPage(const Arguments& a, qsizetype count, const QString& command, Comman
 }
 
 int pageSave(const Arguments& a, CommandContext& c) {
-    if (a.positional.size() != 3)
-        return usage(QStringLiteral("page-save"), c);
-    Template t;
-    if (!load(a.positional[0], t, c))
-        return kFailure;
-    const auto page = pageNumber(t, a.positional[1], c);
-    if (!page)
-        return kUsage;
-    t.CurrentPage = *page;
+    PageOfFile loaded = loadPage(a, 3, QStringLiteral("page-save"), c);
+    if (loaded.status != kSuccess)
+        return loaded.status;
+    const Template& t = loaded.t;
     QDir().mkpath(c.homeFolder);
     if (const auto error = savePageModel(t, c.homeFolder, a.positional[2])) {
         c.err << errorText(*error, error->argument) << '\n';
