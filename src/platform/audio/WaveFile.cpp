@@ -11,6 +11,10 @@ namespace mervak {
 namespace {
 
 constexpr int kPcm = 1;
+// Rates outside these are no sound a card plays; a rate of a few hertz would
+// also blow a small file up into gigabytes of output samples.
+constexpr int kLowestRate = 1000;
+constexpr int kHighestRate = 384000;
 constexpr int kExtensible = 0xFFFE;
 
 struct Format {
@@ -101,7 +105,8 @@ WaveSamples decodeWave(const QByteArray& file) {
     }
     const bool knownWidth =
         format.bits == 8 || format.bits == 16 || format.bits == 24 || format.bits == 32;
-    if (format.channels <= 0 || format.rate <= 0 || data.isEmpty()) {
+    if (format.channels <= 0 || format.rate < kLowestRate || format.rate > kHighestRate ||
+        data.isEmpty()) {
         result.problem = WaveSamples::Problem::Broken;
     } else if (format.codec != kPcm || !knownWidth) {
         result.problem = WaveSamples::Problem::UnsupportedCodec;
