@@ -1,6 +1,7 @@
 #include "app/Application.h"
 
 #include "action/KeysPreview.h"
+#include "app/TrackerCalibrationForm.h"
 #include "devices/QtSerialLink.h"
 #include "editor/AreaGeometry.h"
 #include "editor/widgets/Captions.h"
@@ -125,6 +126,7 @@ void Application::readConfiguration() {
     runner_->setLanguage(session_.language());
     translate();
     window_.setModelPicture(QPixmap(modelPicture(session_.settings.model)));
+    window_.setTrackerCalibrationShown(session_.settings.model == QLatin1String("VISTAL"));
 }
 
 // A device present at start with a Template named on the command line leaves
@@ -166,6 +168,8 @@ void Application::wireWindow() {
     connect(&window_, &MainWindow::quitRequested, this, &Application::quit);
     connect(&window_, &MainWindow::startAtLoginToggled, this, &Application::setStartAtLogin);
     connect(&window_, &MainWindow::propertiesRequested, this, &Application::editProperties);
+    connect(&window_, &MainWindow::trackerCalibrationRequested, this,
+            &Application::calibrateTracker);
     connect(&window_, &MainWindow::exportSheetRequested, this, [this] {
         SheetExport::exportWithDialog(&window_, session_.tmpl, session_.language(),
                                       &exportOptions_);
@@ -288,6 +292,11 @@ void Application::editProperties() {
     editor_->refresh();
     document_->refreshTitle();
     applyTemplateSpeech();
+}
+
+void Application::calibrateTracker() {
+    TrackerCalibrationForm form(session_, *tablet_, &window_);
+    form.exec();
 }
 
 // The virtual tablet shows the pupil's sheet: the Areas without the editor's marks.
