@@ -314,10 +314,8 @@ void TrackerCalibrationForm::onPictureClicked(QPoint point) {
         return;
     }
     const CameraPoint clicked{int16_t(point.x()), int16_t(point.y())};
-    if (!calibration_.click(clicked, clock_.elapsed()))
-        return;
-    showPoint(clicked);
-    afterCornerTaken();
+    if (calibration_.click(clicked, clock_.elapsed()))
+        afterCornerTaken();
 }
 
 // The colour under the click, of the live picture or of the still.
