@@ -97,6 +97,8 @@ void TrackerCalibrationForm::buildControls() {
     left->addWidget(status_);
     left->addStretch();
     auto* layout = new QHBoxLayout(this);
+    // The picture is one camera pixel per pixel; the form grows with what it says.
+    layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addLayout(left);
     layout->addWidget(buildSideColumn());
 }
