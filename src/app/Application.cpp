@@ -1,5 +1,6 @@
 #include "app/Application.h"
 
+#include "app/TrackerCalibrationForm.h"
 #include "devices/QtSerialLink.h"
 #include "editor/AreaGeometry.h"
 #include "editor/widgets/Captions.h"
@@ -113,6 +114,7 @@ void Application::readConfiguration() {
     runner_->setLanguage(session_.language());
     translate();
     window_.setModelPicture(QPixmap(modelPicture(session_.settings.model)));
+    window_.setTrackerCalibrationShown(session_.settings.model == QLatin1String("VISTAL"));
 }
 
 // A device present at start with a Template named on the command line leaves
@@ -154,6 +156,8 @@ void Application::wireWindow() {
     connect(&window_, &MainWindow::quitRequested, this, &Application::quit);
     connect(&window_, &MainWindow::startAtLoginToggled, this, &Application::setStartAtLogin);
     connect(&window_, &MainWindow::propertiesRequested, this, &Application::editProperties);
+    connect(&window_, &MainWindow::trackerCalibrationRequested, this,
+            &Application::calibrateTracker);
     connect(&window_, &MainWindow::exportSheetRequested, this, [this] {
         SheetExport::exportWithDialog(&window_, session_.tmpl, session_.language(),
                                       &exportOptions_);
@@ -271,6 +275,11 @@ void Application::editProperties() {
     editor().keepForUndo(before);
     assembly_->refresh();
     applyTemplateSpeech();
+}
+
+void Application::calibrateTracker() {
+    TrackerCalibrationForm form(session_, *tablet_, &window_);
+    form.exec();
 }
 
 // The virtual tablet shows the pupil's sheet: the Areas without the editor's marks.

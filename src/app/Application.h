@@ -66,6 +66,7 @@ private:
     void chooseLanguage(Language language);
     void refreshVirtualTablet();
     void editProperties();
+    void calibrateTracker();
     void activateTarget();
     QString targetTitle() const;
     bool isOwnWindow(WindowId window) const;

@@ -143,6 +143,10 @@ void MainWindow::buildTemplateMenus() {
     sound_ = addCaptioned(plantilla, QStringLiteral("&So actiu"));
     sound_->setCheckable(true);
     connect(sound_, &QAction::toggled, this, &MainWindow::soundToggled);
+    trackerCalibration_ = addCaptioned(plantilla, QStringLiteral("Calibrar Vistal"));
+    trackerCalibration_->setVisible(false);
+    connect(trackerCalibration_, &QAction::triggered, this,
+            &MainWindow::trackerCalibrationRequested);
     QMenu* sheet = addCaptionedMenu(QStringLiteral("&Làmina"));
     editingMenus_.append({plantilla, sheet});
     connect(addCaptioned(sheet, QStringLiteral("Desar &làmina"), QKeySequence::Print),
@@ -272,6 +276,10 @@ void MainWindow::setRecentFiles(const QStringList& paths) {
 void MainWindow::setStartAtLoginChecked(bool checked) {
     const QSignalBlocker quiet(startAtLogin_);
     startAtLogin_->setChecked(checked);
+}
+
+void MainWindow::setTrackerCalibrationShown(bool shown) {
+    trackerCalibration_->setVisible(shown);
 }
 
 namespace {

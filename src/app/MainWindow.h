@@ -42,6 +42,8 @@ public:
     void setVirtualTabletChecked(bool checked);
     void setRecentFiles(const QStringList& paths);
     void setStartAtLoginChecked(bool checked);
+    // The tracker's calibration is offered only when the model is the colour tracker.
+    void setTrackerCalibrationShown(bool shown);
 
     // A pupil's session: the menus, tools and panel that edit or open Templates
     // go, their shortcuts with them; the sheet, the tablet, the view and the
@@ -67,6 +69,7 @@ signals:
     void tabletButtonClicked();
     void aboutRequested();
     void propertiesRequested();
+    void trackerCalibrationRequested();
     void exportSheetRequested();
     void thumbnailRequested();
 
@@ -98,6 +101,7 @@ private:
     QList<QMenu*> editingMenus_;
     QToolBar* toolBar_ = nullptr;
     QAction* startAtLogin_ = nullptr;
+    QAction* trackerCalibration_ = nullptr;
     QToolButton* tabletButton_ = nullptr;
     QLabel* modelPicture_ = nullptr;
     QLabel* tabletCaption_ = nullptr; // MsgTaulAct

@@ -402,7 +402,6 @@ constexpr CaptionPair kCaptions[] = {
     {u"Mides per defecte", u"Medidas por defecto"},
     {u"Engegar Vistal", u"Iniciar Vistal"},
     {u"Webcam", u"Webcam"},
-    {u"Amagar fons", u"Ocultar fondo"},
     // Status line of the main window.
     {u"Tauleta activa a ", u"Tableta activa en "},
     {u"Tauleta Inactiva a ", u"Tableta inactiva en "},
@@ -537,6 +536,18 @@ constexpr CaptionPair kCaptions[] = {
      u"El dispositivo %1 (%2) no sirve para el modelo %3."},
     {u"S'ha perdut el dispositiu %1; es tornarà a fer servir quan es torni a connectar.",
      u"Se ha perdido el dispositivo %1; se volverá a usar cuando se vuelva a conectar."},
+    // The tracker's calibration form.
+    {u"Prendre punts", u"Tomar puntos"},
+    {u"Segons per punt:", u"Segundos por punto:"},
+    {u"Imatge de fons", u"Imagen de fondo"},
+    {u"Temps de repòs (ms):", u"Tiempo de reposo (ms):"},
+    {u"Color de la marca", u"Color de la marca"},
+    {u"Cantonades preses: ", u"Esquinas tomadas: "},
+    {u"Casella: ", u"Casilla: "},
+    {u"Poseu la marca a cada cantonada de la làmina, per ordre: a dalt a l'esquerra, a dalt a "
+     u"la dreta, a baix a la dreta i a baix a l'esquerra; o feu clic a cada cantonada.",
+     u"Ponga la marca en cada esquina de la lámina, por orden: arriba a la izquierda, arriba a "
+     u"la derecha, abajo a la derecha y abajo a la izquierda; o haga clic en cada esquina."},
 };
 
 const QHash<QString, QString>& spanishCaptions() {
