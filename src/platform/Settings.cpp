@@ -90,6 +90,26 @@ bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place, QSt
     return file.writeString(kSection, kVirtualTabletKey, text, error);
 }
 
+QString portSetting(const Settings& settings) {
+    if (!settings.portDevice.isEmpty())
+        return settings.portDevice;
+    if (settings.portIndex >= PortIndex::Lpt1 && settings.portIndex <= PortIndex::Com4)
+        return kPortNames[settings.portIndex - 1];
+    return QStringLiteral("AUTODETECT");
+}
+
+bool writeDeviceSettings(const PrivateProfile& file, const Settings& settings, QString* error) {
+    QList<PrivateProfile::KeyValue> entries = {
+        {QStringLiteral("Port"), portSetting(settings)},
+        {QStringLiteral("RetardPort"), QString::number(settings.retardPort)},
+        {QStringLiteral("Interval"), QString::number(settings.interval)},
+        {QStringLiteral("So"),
+         settings.soundSetting ? QStringLiteral("Si") : QStringLiteral("No")}};
+    if (readSettings(file).model != settings.model)
+        entries.prepend({QStringLiteral("Model"), settings.model});
+    return file.writeStrings(kSection, entries, error);
+}
+
 QString serialDevicePath(const Settings& settings) {
     if (!settings.portDevice.isEmpty())
         return settings.portDevice;
