@@ -1,6 +1,7 @@
 #include "app/Application.h"
 
 #include "action/KeysPreview.h"
+#include "app/DeviceSetupDialog.h"
 #include "devices/QtSerialLink.h"
 #include "editor/AreaGeometry.h"
 #include "editor/widgets/Captions.h"
@@ -128,8 +129,10 @@ void Application::readConfiguration() {
 }
 
 // A device present at start with a Template named on the command line leaves
-// the screen to the pupil's program.
+// the screen to the pupil's program; a restart from the test dialog changes nothing.
 void Application::onDeviceStartFinished(bool present) {
+    if (testingTablet_)
+        return;
     if (present && openedFromCommandLine_)
         window_.showMinimized();
     if (!present)
@@ -166,6 +169,7 @@ void Application::wireWindow() {
     connect(&window_, &MainWindow::quitRequested, this, &Application::quit);
     connect(&window_, &MainWindow::startAtLoginToggled, this, &Application::setStartAtLogin);
     connect(&window_, &MainWindow::propertiesRequested, this, &Application::editProperties);
+    connect(&window_, &MainWindow::tabletTestRequested, this, &Application::testTablet);
     connect(&window_, &MainWindow::exportSheetRequested, this, [this] {
         SheetExport::exportWithDialog(&window_, session_.tmpl, session_.language(),
                                       &exportOptions_);
@@ -288,6 +292,16 @@ void Application::editProperties() {
     editor_->refresh();
     document_->refreshTitle();
     applyTemplateSpeech();
+}
+
+// The model may change in the dialog, and its picture with it.
+void Application::testTablet() {
+    testingTablet_ = true;
+    DeviceSetupDialog dialog(session_, *tablet_, editor_->sheetAreas(), editor_->sheetPicture(),
+                             sheetSizeMm(session_.tmpl), &window_);
+    dialog.exec();
+    testingTablet_ = false;
+    window_.setModelPicture(QPixmap(modelPicture(session_.settings.model)));
 }
 
 // The virtual tablet shows the pupil's sheet: the Areas without the editor's marks.

@@ -65,6 +65,7 @@ private:
     void chooseLanguage(Language language);
     void refreshVirtualTablet();
     void editProperties();
+    void testTablet();
     void activateTarget();
     QString targetTitle() const;
     bool isOwnWindow(WindowId window) const;
@@ -83,6 +84,7 @@ private:
     SheetExportOptions exportOptions_;
     bool openedFromCommandLine_ = false;
     bool locked_ = false;
+    bool testingTablet_ = false; // the test dialog says itself why a device did not start
     Autostart autostart_;
 
     X11Connection x11_;

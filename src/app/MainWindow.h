@@ -65,6 +65,7 @@ signals:
     void startAtLoginToggled(bool on);
     void activateTargetRequested();
     void tabletButtonClicked();
+    void tabletTestRequested();
     void aboutRequested();
     void propertiesRequested();
     void exportSheetRequested();
@@ -99,6 +100,7 @@ private:
     QToolBar* toolBar_ = nullptr;
     QAction* startAtLogin_ = nullptr;
     QToolButton* tabletButton_ = nullptr;
+    QAction* tabletTest_ = nullptr; // also the tablet button's context menu
     QLabel* modelPicture_ = nullptr;
     QLabel* tabletCaption_ = nullptr; // MsgTaulAct
     QLabel* statusCaption_ = nullptr; // Label1

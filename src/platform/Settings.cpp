@@ -19,19 +19,6 @@ QString readText(const PrivateProfile& file, const QString& key, const QString& 
     return file.readString(kSection, key, fallback, kBufferSize);
 }
 
-void readPort(const PrivateProfile& file, Settings& settings) {
-    const QString port = file.readString(kSection, QStringLiteral("Port"),
-                                         QStringLiteral("AUTODETECT"), kPathBufferSize);
-    if (port.startsWith(u'/')) {
-        settings.portDevice = port;
-        return;
-    }
-    const QString name = port.left(kBufferSize - 1).toUpper();
-    for (std::size_t i = 0; i < kPortNames.size(); ++i)
-        if (name == kPortNames[i])
-            settings.portIndex = static_cast<int16_t>(i + 1);
-}
-
 const QString kVirtualTabletKey = QStringLiteral("TeclatAuxiliar");
 
 // Four integers, or a null rectangle when the value is not that.
@@ -51,6 +38,19 @@ QRect placeFromText(const QString& text) {
 
 } // namespace
 
+void setPort(Settings& settings, const QString& port) {
+    settings.portIndex = PortIndex::AutoDetect;
+    settings.portDevice.clear();
+    if (port.startsWith(u'/')) {
+        settings.portDevice = port;
+        return;
+    }
+    const QString name = port.left(kBufferSize - 1).toUpper();
+    for (std::size_t i = 0; i < kPortNames.size(); ++i)
+        if (name == kPortNames[i])
+            settings.portIndex = static_cast<int16_t>(i + 1);
+}
+
 QString settingsFilePath(const QString& homeFolder) {
     return QDir(homeFolder).filePath(QStringLiteral("MERVAK.INI"));
 }
@@ -61,7 +61,8 @@ Settings readSettings(const PrivateProfile& file) {
         languageFromSetting(readText(file, QStringLiteral("IDIOMA"), QStringLiteral("CATALA")));
     settings.model =
         readText(file, QStringLiteral("Model"), QStringLiteral("DIL")).trimmed().toUpper();
-    readPort(file, settings);
+    setPort(settings, file.readString(kSection, QStringLiteral("Port"),
+                                      QStringLiteral("AUTODETECT"), kPathBufferSize));
     settings.retardPort =
         static_cast<int32_t>(file.readInteger(kSection, QStringLiteral("RetardPort"), 0));
     const long long interval = file.readInteger(kSection, QStringLiteral("Interval"), 100);

@@ -45,6 +45,9 @@ bool writeLanguage(const PrivateProfile& file, Language language, QString* error
 bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place,
                              QString* error = nullptr);
 
+// Takes a "Port" value as MERVAK.INI's reading does.
+void setPort(Settings& settings, const QString& port);
+
 // The "Port" value that reads back as these settings: the device path as it
 // stands, else the port's name, "AUTODETECT" for any other index.
 QString portSetting(const Settings& settings);
