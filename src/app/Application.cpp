@@ -204,6 +204,8 @@ void Application::wireWindow() {
             [this] { targetTracker_.reclaimFocus(session_.actionState.TargetWindow); });
     connect(dispatcher_.get(), &PressDispatcher::problem, this, &Application::setStatus);
     connect(tablet_.get(), &TabletControl::stateChanged, &window_, &MainWindow::setTabletState);
+    connect(tablet_.get(), &TabletControl::pointerMoved, &virtualTablet_,
+            &VirtualTablet::showPointer);
     connect(tablet_.get(), &TabletControl::startFinished, this,
             &Application::onDeviceStartFinished);
     // Once the search is over, what the start-up had to say comes back.
