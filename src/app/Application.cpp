@@ -1,5 +1,6 @@
 #include "app/Application.h"
 
+#include "app/DeviceSetupDialog.h"
 #include "app/TrackerCalibrationForm.h"
 #include "devices/QtSerialLink.h"
 #include "editor/AreaGeometry.h"
@@ -118,8 +119,10 @@ void Application::readConfiguration() {
 }
 
 // A device present at start with a Template named on the command line leaves
-// the screen to the pupil's program.
+// the screen to the pupil's program; a restart from the test dialog changes nothing.
 void Application::onDeviceStartFinished(bool present) {
+    if (testingTablet_)
+        return;
     if (present && openedFromCommandLine_)
         window_.showMinimized();
     if (!present)
@@ -158,6 +161,7 @@ void Application::wireWindow() {
     connect(&window_, &MainWindow::propertiesRequested, this, &Application::editProperties);
     connect(&window_, &MainWindow::trackerCalibrationRequested, this,
             &Application::calibrateTracker);
+    connect(&window_, &MainWindow::tabletTestRequested, this, &Application::testTablet);
     connect(&window_, &MainWindow::exportSheetRequested, this, [this] {
         SheetExport::exportWithDialog(&window_, session_.tmpl, session_.language(),
                                       &exportOptions_);
@@ -192,6 +196,8 @@ void Application::wireWindow() {
             [this] { targetTracker_.reclaimFocus(session_.actionState.TargetWindow); });
     connect(dispatcher_.get(), &PressDispatcher::problem, this, &Application::setStatus);
     connect(tablet_.get(), &TabletControl::stateChanged, &window_, &MainWindow::setTabletState);
+    connect(tablet_.get(), &TabletControl::pointerMoved, &virtualTablet_,
+            &VirtualTablet::showPointer);
     connect(tablet_.get(), &TabletControl::startFinished, this,
             &Application::onDeviceStartFinished);
     // Once the search is over, what the start-up had to say comes back.
@@ -280,6 +286,16 @@ void Application::editProperties() {
 void Application::calibrateTracker() {
     TrackerCalibrationForm form(session_, *tablet_, &window_);
     form.exec();
+}
+
+// The model may change in the dialog, and its picture with it.
+void Application::testTablet() {
+    testingTablet_ = true;
+    DeviceSetupDialog dialog(session_, *tablet_, editor().sheetAreas(), editor().sheetPicture(),
+                             sheetSizeMm(session_.tmpl), &window_);
+    dialog.exec();
+    testingTablet_ = false;
+    window_.setModelPicture(QPixmap(modelPicture(session_.settings.model)));
 }
 
 // The virtual tablet shows the pupil's sheet: the Areas without the editor's marks.

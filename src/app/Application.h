@@ -67,6 +67,7 @@ private:
     void refreshVirtualTablet();
     void editProperties();
     void calibrateTracker();
+    void testTablet();
     void activateTarget();
     QString targetTitle() const;
     bool isOwnWindow(WindowId window) const;
@@ -85,6 +86,7 @@ private:
     SheetExportOptions exportOptions_;
     bool openedFromCommandLine_ = false;
     bool locked_ = false;
+    bool testingTablet_ = false; // the test dialog says itself why a device did not start
     Autostart autostart_;
 
     X11Connection x11_;

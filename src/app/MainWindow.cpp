@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
@@ -147,6 +148,8 @@ void MainWindow::buildTemplateMenus() {
     trackerCalibration_->setVisible(false);
     connect(trackerCalibration_, &QAction::triggered, this,
             &MainWindow::trackerCalibrationRequested);
+    tabletTest_ = addCaptioned(plantilla, QStringLiteral("&Test de la tauleta"));
+    connect(tabletTest_, &QAction::triggered, this, &MainWindow::tabletTestRequested);
     QMenu* sheet = addCaptionedMenu(QStringLiteral("&Làmina"));
     editingMenus_.append({plantilla, sheet});
     connect(addCaptioned(sheet, QStringLiteral("Desar &làmina"), QKeySequence::Print),
@@ -214,6 +217,12 @@ void MainWindow::buildStatusArea() {
     tabletButton_->setIconSize(QSize(40, 40));
     tabletButton_->setFocusPolicy(Qt::NoFocus);
     connect(tabletButton_, &QToolButton::clicked, this, &MainWindow::tabletButtonClicked);
+    tabletButton_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(tabletButton_, &QToolButton::customContextMenuRequested, this, [this](QPoint at) {
+        QMenu menu;
+        menu.addAction(tabletTest_);
+        menu.exec(tabletButton_->mapToGlobal(at));
+    });
     modelPicture_ = new QLabel;
     tabletCaption_ = new QLabel;
     tabletCaption_->setObjectName(QStringLiteral("MsgTaulAct"));
@@ -300,6 +309,7 @@ void MainWindow::lock() {
     for (QMenu* menu : editingMenus_)
         hideWithSubmenus(menu);
     startAtLogin_->setVisible(false);
+    tabletButton_->setContextMenuPolicy(Qt::NoContextMenu);
     toolBar_->hide();
     toolBar_->toggleViewAction()->setVisible(false);
     panel_->hide();

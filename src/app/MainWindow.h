@@ -67,6 +67,7 @@ signals:
     void startAtLoginToggled(bool on);
     void activateTargetRequested();
     void tabletButtonClicked();
+    void tabletTestRequested();
     void aboutRequested();
     void propertiesRequested();
     void trackerCalibrationRequested();
@@ -103,6 +104,7 @@ private:
     QAction* startAtLogin_ = nullptr;
     QAction* trackerCalibration_ = nullptr;
     QToolButton* tabletButton_ = nullptr;
+    QAction* tabletTest_ = nullptr; // also the tablet button's context menu
     QLabel* modelPicture_ = nullptr;
     QLabel* tabletCaption_ = nullptr; // MsgTaulAct
     QLabel* statusCaption_ = nullptr; // Label1

@@ -62,6 +62,11 @@ void VirtualTablet::showBusy(bool busy) {
         unsetCursor();
 }
 
+void VirtualTablet::showPointer(PressPoint pointer) {
+    sheet_->setMarker(pointer == PressPoint{} ? std::nullopt
+                                              : std::optional(QPointF(pointer.x, pointer.y)));
+}
+
 void VirtualTablet::showAt(const QRect& place, const QMainWindow& mainWindow, QSizeF sheetMm) {
     const QRect room = mainWindow.screen()->availableGeometry();
     const QRect seen = place.intersected(room);

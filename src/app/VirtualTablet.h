@@ -1,5 +1,6 @@
 #pragma once
 
+#include "devices/PressPoint.h"
 #include "editor/widgets/SheetView.h"
 
 #include <QMainWindow>
@@ -17,6 +18,8 @@ public:
 
     // The hourglass shown between a click and its dispatch.
     void showBusy(bool busy);
+    // Marks where the device points (a joystick's stick); (0, 0) points nowhere.
+    void showPointer(PressPoint pointer);
 
     // Shows the tablet at `place` (as place() gives it) while enough of that is on
     // the screen; else beside `mainWindow`, or in the screen's lower right corner

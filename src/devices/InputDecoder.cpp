@@ -117,6 +117,7 @@ void InputDecoder::onAxis(int code, int32_t value) {
 bool InputDecoder::endReading() {
     const PressPoint press = press_;
     const PressPoint pointer = pointer_;
+    const std::optional<QPoint> contact = contact_;
     switch (kind_) {
     case InputKind::Pointing:
         multitouch_ ? readTouches() : readPointing();
@@ -128,7 +129,7 @@ bool InputDecoder::endReading() {
         readDancePad();
         break;
     }
-    return press != press_ || pointer != pointer_;
+    return press != press_ || pointer != pointer_ || contact != contact_;
 }
 
 // Panels that have no touch button report the contact as the left button.
@@ -137,6 +138,7 @@ void InputDecoder::readPointing() {
         capabilities_.hasKey(BTN_TOUCH) ? held_.test(BTN_TOUCH) : held_.test(BTN_LEFT);
     pointer_ = frame_.toSheet(axes_[ABS_X], axes_[ABS_Y]).value_or(PressPoint{});
     press_ = touching ? pointer_ : PressPoint{};
+    contact_ = touching ? std::optional(QPoint(axes_[ABS_X], axes_[ABS_Y])) : std::nullopt;
 }
 
 void InputDecoder::readTouches() {
@@ -156,15 +158,19 @@ void InputDecoder::readTouches() {
     if (primary_ < 0) {
         press_ = {};
         pointer_ = {};
+        contact_.reset();
         return;
     }
-    pointer_ = frame_.toSheet(contacts_[primary_].x, contacts_[primary_].y).value_or(PressPoint{});
+    const Contact& primary = contacts_[primary_];
+    pointer_ = frame_.toSheet(primary.x, primary.y).value_or(PressPoint{});
     press_ = pointer_;
+    contact_ = QPoint(primary.x, primary.y);
 }
 
 void InputDecoder::readJoystick() {
     pointer_ = frame_.toSheet(axes_[ABS_X], axes_[ABS_Y], true).value_or(PressPoint{});
     press_ = held_.any() ? pointer_ : PressPoint{};
+    contact_ = held_.any() ? std::optional(QPoint(axes_[ABS_X], axes_[ABS_Y])) : std::nullopt;
 }
 
 void InputDecoder::readDancePad() {

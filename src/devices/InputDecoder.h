@@ -5,7 +5,9 @@
 #include "devices/SheetFrame.h"
 #include "platform/PrivateProfile.h"
 
+#include <QPoint>
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace mervak {
@@ -42,6 +44,9 @@ public:
     PressPoint press() const { return press_; }
     // Where the device points, pressed or not; (0, 0) outside the sheet.
     PressPoint pointer() const { return pointer_; }
+    // The device's own reading while it touches or a button is held, inside the
+    // frame or not: what a calibration takes for a corner. None for a dance pad.
+    std::optional<QPoint> contact() const { return contact_; }
 
 private:
     struct Contact {
@@ -74,6 +79,7 @@ private:
     bool waitForAllUp_ = false;
     PressPoint press_;
     PressPoint pointer_;
+    std::optional<QPoint> contact_;
 };
 
 } // namespace mervak

@@ -128,8 +128,11 @@ void InputDevice::onEvents(const std::vector<InputEvent>& events) {
     for (const InputEvent& event : events) {
         const PressPoint press = decoder_->press();
         const PressPoint pointer = decoder_->pointer();
+        const bool touching = decoder_->contact().has_value();
         if (!decoder_->feed(event))
             continue;
+        if (!touching && decoder_->contact())
+            emit touchedDown(*decoder_->contact());
         if (decoder_->pointer() != pointer)
             emit pointerMoved(decoder_->pointer());
         if (decoder_->press() != press)

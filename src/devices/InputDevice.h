@@ -46,6 +46,8 @@ signals:
     void positionArrived(mervak::PressPoint position);
     // Where the device points changed (the joystick's stick), pressed or not.
     void pointerMoved(mervak::PressPoint pointer);
+    // A touch or button began, at this reading of the device (see InputDecoder::contact).
+    void touchedDown(QPoint reading);
     void statusMessage(const QString& text);
     void lost();
     void resumed();

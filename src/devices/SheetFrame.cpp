@@ -74,4 +74,10 @@ bool writeSheetFrame(const PrivateProfile& file, const QString& model, const She
                              error);
 }
 
+bool writeSheetMirror(const PrivateProfile& file, const QString& model, bool mirrorX, bool mirrorY,
+                      QString* error) {
+    return file.writeStrings(
+        model, {{kMirrorX, QString::number(mirrorX)}, {kMirrorY, QString::number(mirrorY)}}, error);
+}
+
 } // namespace mervak

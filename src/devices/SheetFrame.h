@@ -34,5 +34,8 @@ constexpr int16_t kSheetMax = 119;
 SheetFrame readSheetFrame(const PrivateProfile& file, const QString& model, SheetFrame whole);
 bool writeSheetFrame(const PrivateProfile& file, const QString& model, const SheetFrame& frame,
                      QString* error = nullptr);
+// The mirror flags alone, for a device whose whole active area is the sheet.
+bool writeSheetMirror(const PrivateProfile& file, const QString& model, bool mirrorX, bool mirrorY,
+                      QString* error = nullptr);
 
 } // namespace mervak

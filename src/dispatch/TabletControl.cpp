@@ -36,20 +36,15 @@ TabletControl::TabletControl(Session& session, SerialLinkFactory makeLink,
     connect(&timer1_, &QTimer::timeout, &dispatcher_, &PressDispatcher::tick);
     connect(&timer3_, &QTimer::timeout, this, &TabletControl::pollTracker);
     connect(&easy_, &EasyTablet::startFinished, this, &TabletControl::onEasyStartFinished);
-    connect(&easy_, &EasyTablet::positionArrived, this, [this](PressPoint position) {
-        if (active_)
-            dispatcher_.deviceReadingArrived(EasyDeviceSource::reading(position));
-    });
+    connect(&easy_, &EasyTablet::positionArrived, this, &TabletControl::onPosition);
     connect(&easy_, &EasyTablet::statusMessage, this, &TabletControl::statusMessage);
     connect(&easy_, &EasyTablet::beepRequested, this, &TabletControl::beepRequested);
     // A lost tablet must not go on saying it is active.
     connect(&easy_, &EasyTablet::portClosed, this, [this] { SetTabletActive(false); });
     connect(&input_, &InputDevice::startFinished, this, &TabletControl::onInputStartFinished);
-    connect(&input_, &InputDevice::positionArrived, this, [this](PressPoint position) {
-        if (active_)
-            dispatcher_.deviceReadingArrived(EasyDeviceSource::reading(position));
-    });
+    connect(&input_, &InputDevice::positionArrived, this, &TabletControl::onPosition);
     connect(&input_, &InputDevice::pointerMoved, this, &TabletControl::pointerMoved);
+    connect(&input_, &InputDevice::touchedDown, this, &TabletControl::touchedDown);
     connect(&input_, &InputDevice::statusMessage, this, &TabletControl::statusMessage);
     // An unplugged device says so; plugged back, it is as the user left it.
     connect(&input_, &InputDevice::lost, this, [this] {
@@ -185,10 +180,21 @@ void TabletControl::failStart() {
 }
 
 void TabletControl::SetTabletActive(bool active) {
-    active_ = active && session_.DevicePresent;
-    input_.setGrabbed(active_);
+    active_ = active && session_.DevicePresent && !testing_;
+    input_.setGrabbed(active_ || testing_);
     updatePolling();
     publishState();
+}
+
+void TabletControl::setTesting(bool testing) {
+    testing_ = testing;
+    SetTabletActive(!testing);
+}
+
+void TabletControl::onPosition(PressPoint position) {
+    emit positionArrived(position);
+    if (active_)
+        dispatcher_.deviceReadingArrived(EasyDeviceSource::reading(position));
 }
 
 void TabletControl::retranslate() {

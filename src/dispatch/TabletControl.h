@@ -31,8 +31,12 @@ public:
     void start();
     void stop();
 
-    // Only a present device can be switched on.
+    // Only a present device can be switched on, and not while it is being tested.
     void SetTabletActive(bool active);
+    // While the device is tested or calibrated its presses go to the test's
+    // readout only, never to the dispatcher, and it stays grabbed; afterwards a
+    // present device is switched on.
+    void setTesting(bool testing);
     // The session's language changed.
     void retranslate();
     // Clicks on the virtual tablet are dispatched by the poll, device or not.
@@ -53,6 +57,10 @@ public:
 signals:
     // Where the joystick points, for the virtual tablet to mark.
     void pointerMoved(mervak::PressPoint pointer);
+    // The device's position slot changed, whether the tablet is on or not.
+    void positionArrived(mervak::PressPoint position);
+    // An evdev device was touched at this reading of its own (see InputDevice).
+    void touchedDown(QPoint reading);
     void stateChanged(bool active, const QString& caption);
     // A device was searched for: true when one started. When none did, message
     // 113 is in caption() for the user.
@@ -71,6 +79,7 @@ private:
     void failStart();
     void updatePolling();
     void publishState();
+    void onPosition(PressPoint position);
 
     Session& session_;
     PressDispatcher& dispatcher_;
@@ -89,6 +98,7 @@ private:
     QString portName_;
     bool startFailed_ = false;
     bool active_ = false;
+    bool testing_ = false;
     bool virtualTabletShown_ = false;
 };
 

@@ -19,19 +19,6 @@ QString readText(const PrivateProfile& file, const QString& key, const QString& 
     return file.readString(kSection, key, fallback, kBufferSize);
 }
 
-void readPort(const PrivateProfile& file, Settings& settings) {
-    const QString port = file.readString(kSection, QStringLiteral("Port"),
-                                         QStringLiteral("AUTODETECT"), kPathBufferSize);
-    if (port.startsWith(u'/')) {
-        settings.portDevice = port;
-        return;
-    }
-    const QString name = port.left(kBufferSize - 1).toUpper();
-    for (std::size_t i = 0; i < kPortNames.size(); ++i)
-        if (name == kPortNames[i])
-            settings.portIndex = static_cast<int16_t>(i + 1);
-}
-
 const QString kVirtualTabletKey = QStringLiteral("TeclatAuxiliar");
 
 // Four integers, or a null rectangle when the value is not that.
@@ -51,6 +38,19 @@ QRect placeFromText(const QString& text) {
 
 } // namespace
 
+void setPort(Settings& settings, const QString& port) {
+    settings.portIndex = PortIndex::AutoDetect;
+    settings.portDevice.clear();
+    if (port.startsWith(u'/')) {
+        settings.portDevice = port;
+        return;
+    }
+    const QString name = port.left(kBufferSize - 1).toUpper();
+    for (std::size_t i = 0; i < kPortNames.size(); ++i)
+        if (name == kPortNames[i])
+            settings.portIndex = static_cast<int16_t>(i + 1);
+}
+
 QString settingsFilePath(const QString& homeFolder) {
     return QDir(homeFolder).filePath(QStringLiteral("MERVAK.INI"));
 }
@@ -61,7 +61,8 @@ Settings readSettings(const PrivateProfile& file) {
         languageFromSetting(readText(file, QStringLiteral("IDIOMA"), QStringLiteral("CATALA")));
     settings.model =
         readText(file, QStringLiteral("Model"), QStringLiteral("DIL")).trimmed().toUpper();
-    readPort(file, settings);
+    setPort(settings, file.readString(kSection, QStringLiteral("Port"),
+                                      QStringLiteral("AUTODETECT"), kPathBufferSize));
     settings.retardPort =
         static_cast<int32_t>(file.readInteger(kSection, QStringLiteral("RetardPort"), 0));
     const long long interval = file.readInteger(kSection, QStringLiteral("Interval"), 100);
@@ -88,6 +89,26 @@ bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place, QSt
                              .arg(place.width())
                              .arg(place.height());
     return file.writeString(kSection, kVirtualTabletKey, text, error);
+}
+
+QString portSetting(const Settings& settings) {
+    if (!settings.portDevice.isEmpty())
+        return settings.portDevice;
+    if (settings.portIndex >= PortIndex::Lpt1 && settings.portIndex <= PortIndex::Com4)
+        return kPortNames[settings.portIndex - 1];
+    return QStringLiteral("AUTODETECT");
+}
+
+bool writeDeviceSettings(const PrivateProfile& file, const Settings& settings, QString* error) {
+    QList<PrivateProfile::KeyValue> entries = {
+        {QStringLiteral("Port"), portSetting(settings)},
+        {QStringLiteral("RetardPort"), QString::number(settings.retardPort)},
+        {QStringLiteral("Interval"), QString::number(settings.interval)},
+        {QStringLiteral("So"),
+         settings.soundSetting ? QStringLiteral("Si") : QStringLiteral("No")}};
+    if (readSettings(file).model != settings.model)
+        entries.prepend({QStringLiteral("Model"), settings.model});
+    return file.writeStrings(kSection, entries, error);
 }
 
 QString serialDevicePath(const Settings& settings) {

@@ -45,6 +45,19 @@ bool writeLanguage(const PrivateProfile& file, Language language, QString* error
 bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place,
                              QString* error = nullptr);
 
+// Takes a "Port" value as MERVAK.INI's reading does.
+void setPort(Settings& settings, const QString& port);
+
+// The "Port" value that reads back as these settings: the device path as it
+// stands, else the port's name, "AUTODETECT" for any other index.
+QString portSetting(const Settings& settings);
+
+// What the tablet's test and calibration keep: "Port", "RetardPort", "Interval"
+// and "So" ("Si" or "No"); "Model" only when the file holds another, since the
+// teacher chose the device there.
+bool writeDeviceSettings(const PrivateProfile& file, const Settings& settings,
+                         QString* error = nullptr);
+
 // The serial device a port index or path names: COM1..COM4 are /dev/ttyS0..3;
 // empty for auto-detect and the parallel ports.
 QString serialDevicePath(const Settings& settings);

@@ -67,8 +67,10 @@ QString readings(InputDecoder& decoder, const QString& script) {
         if (event.type == EV_SYN) {
             decoder.feed(event);
             const PressPoint p = decoder.press();
-            out << (p == PressPoint{} ? QStringLiteral("-")
-                                      : QStringLiteral("%1,%2").arg(p.x).arg(p.y));
+            const auto c = decoder.contact();
+            out << (p != PressPoint{} ? QStringLiteral("%1,%2").arg(p.x).arg(p.y)
+                    : c               ? QStringLiteral("-@%1,%2").arg(c->x()).arg(c->y())
+                                      : QStringLiteral("-"));
         } else {
             decoder.feed(event);
         }
@@ -94,7 +96,7 @@ TEST(InputDecoderTest, PressesOnTheSheet) {
          "pen=1 x=500 y=500 touch=1 | x=1000 y=0 | x=0 y=1000 | touch=0 |",
          "60,60 119,119 1,1 -"},
         {"outside the calibrated sheet", InputKind::Pointing, kPen, calibrated,
-         "x=50 y=500 touch=1 | x=900 y=100 |", "- 119,119"},
+         "x=50 y=500 touch=1 | x=900 y=100 |", "-@50,500 119,119"},
         {"mirrored calibration", InputKind::Pointing, kPen, mirrored,
          "x=100 y=100 touch=1 | x=900 y=900 |", "119,119 1,1"},
         {"the first finger counts, until all lift",

@@ -152,6 +152,32 @@ TEST(Settings, PortDevicesAndCaptions) {
     }
 }
 
+// Model, port index, device path and sound, as the tablet's test writes them
+// over a file that says "model=easy".
+TEST(Settings, DeviceSettingsAreWrittenBack) {
+    const std::tuple<QString, int16_t, QString, bool, QByteArray> cases[] = {
+        {"EASY", 4, "", true, "model=easy\r\nPort=COM2\r\nRetardPort=3\r\nInterval=0\r\nSo=Si"},
+        {"DIL", 7, "", false,
+         "model=DIL\r\nPort=AUTODETECT\r\nRetardPort=3\r\nInterval=0\r\nSo=No"},
+        {"GENIUS", 0, "/dev/input/event5", true,
+         "model=GENIUS\r\nPort=/dev/input/event5\r\nRetardPort=3\r\nInterval=0\r\nSo=Si"},
+    };
+    for (const auto& [model, index, device, sound, written] : cases) {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("MERVAK.INI");
+        test::writeAll(path, "[Mervak]\r\nmodel=easy\r\n");
+        Settings s;
+        s.model = model;
+        s.portIndex = index;
+        s.portDevice = device;
+        s.retardPort = 3;
+        s.interval = 0;
+        s.soundSetting = sound;
+        ASSERT_TRUE(writeDeviceSettings(PrivateProfile(path), s));
+        EXPECT_EQ(test::readAll(path), "[Mervak]\r\n" + written + "\r\n") << model;
+    }
+}
+
 TEST(Settings, LanguageChoiceIsStoredAsIdioma) {
     QTemporaryDir dir;
     const QString path = dir.filePath("MERVAK.INI");

@@ -24,8 +24,10 @@ Area benchArea(int16_t x0, int16_t x1, char key) {
 
 } // namespace
 
-bool writeBenchHome(const QString& homeFolder, const QString& port, QString* error) {
-    const QByteArray ini = "[Mervak]\r\nModel=EASY\r\nPort=" + port.toLocal8Bit() + "\r\n";
+bool writeBenchHome(const QString& homeFolder, const QString& model, const QString& port,
+                    QString* error) {
+    const QByteArray ini =
+        "[Mervak]\r\nModel=" + model.toLatin1() + "\r\nPort=" + port.toLocal8Bit() + "\r\n";
     return writeFileAtomically(settingsFilePath(homeFolder), ini, error);
 }
 

@@ -16,8 +16,9 @@ struct BenchArea {
 constexpr BenchArea kLeftArea{30, 60, 'a'};
 constexpr BenchArea kRightArea{90, 60, 'b'};
 
-// MERVAK.INI in `homeFolder` for a serial tablet on `port`. False with the reason.
-bool writeBenchHome(const QString& homeFolder, const QString& port, QString* error);
+// MERVAK.INI in `homeFolder` for a device of `model` on `port`. False with the reason.
+bool writeBenchHome(const QString& homeFolder, const QString& model, const QString& port,
+                    QString* error);
 
 // A one-page Template at `path` whose two Areas type into the window titled
 // `targetTitle`. False with the reason.

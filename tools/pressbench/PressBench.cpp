@@ -64,7 +64,7 @@ bool PressBench::run(Result* result, QString* error) {
     if (!rssAfterStart)
         return false;
     result->rssAfterStartKiB = *rssAfterStart;
-    result->port = pty_.slavePath();
+    result->port = options_.replay ? pipe_.path() : pty_.slavePath();
     if (options_.keepFiles)
         result->folder = folder_.path();
 
@@ -96,7 +96,8 @@ bool PressBench::prepare(QString* error) {
         *error = QStringLiteral("no temporary folder: ") + folder_.errorString();
         return false;
     }
-    if (!pty_.create(error))
+    if (options_.replay ? !pipe_.create(folder_.filePath(QStringLiteral("pen.evemu")), error)
+                        : !pty_.create(error))
         return false;
     const QString title =
         QStringLiteral("Mervak press bench %1").arg(QCoreApplication::applicationPid());
@@ -112,7 +113,9 @@ bool PressBench::prepare(QString* error) {
         *error = QStringLiteral("cannot create ") + home;
         return false;
     }
-    return writeBenchHome(home, pty_.slavePath(), error) &&
+    const QString port = options_.replay ? pipe_.path() : pty_.slavePath();
+    return writeBenchHome(home, options_.replay ? QStringLiteral("DIL") : QStringLiteral("EASY"),
+                          port, error) &&
            writeBenchTemplate(folder_.filePath(QStringLiteral("bench.mvw")), title, error);
 }
 
@@ -135,10 +138,11 @@ bool PressBench::startMervak(QString* error) {
     return true;
 }
 
-// Answers the set-up dialogue until Mervak switches the tablet to streaming.
+// Answers the set-up dialogue until Mervak switches the tablet to streaming;
+// a replayed device streams once Mervak has opened its pipe.
 bool PressBench::awaitStreaming(QString* error) {
     const auto deadline = Clock::now() + std::chrono::milliseconds(kStartTimeoutMs);
-    while (!responder_.isStreaming()) {
+    while (options_.replay ? !pipe_.openedBy(mervak_.processId()) : !responder_.isStreaming()) {
         if (!mervakRuns(error))
             return false;
         if (Clock::now() > deadline) {
@@ -159,19 +163,18 @@ void PressBench::pressAll(Result* result) {
     const int total = options_.warmUpPresses + options_.presses;
     for (int i = 0; i < total && lostInRow < kGiveUpAfterLost; ++i) {
         const BenchArea area = i % 2 == 0 ? kLeftArea : kRightArea;
-        const QByteArray press = packet(area.x, area.y);
         // Two packets in one read count as one: the next press waits for the lift to be read.
         if (!awaitDrained(Clock::now() + std::chrono::milliseconds(options_.keyTimeoutMs)))
             ++result->backlogged;
         const Waits before = waitsNow();
         const Clock::time_point written = Clock::now(); // the write's own time is included
-        pty_.write(press);
+        writePress(area.x, area.y);
         const std::optional<Clock::time_point> keyAt =
             awaitKey(area.key, written + std::chrono::milliseconds(options_.keyTimeoutMs));
         const Waits after = waitsNow();
         idleUntil(written + std::chrono::milliseconds(options_.liftAfterMs));
         const Clock::time_point lifted = Clock::now();
-        pty_.write(packet(kNoPressCode, kNoPressCode));
+        writeLift();
         // After a late key the lift is late too: the press still keeps its distance from it.
         const int gap = options_.periodMs + static_cast<int>(random_() % (kJitterMs + 1));
         idleUntil(
@@ -203,9 +206,9 @@ PressBench::Waits PressBench::waitsNow() const {
 
 // True when everything written had been read already; else waits until it is.
 bool PressBench::awaitDrained(Clock::time_point deadline) {
-    if (pty_.unreadByFarSide() == 0)
+    if (unreadByMervak() == 0)
         return true;
-    while (pty_.unreadByFarSide() > 0 && Clock::now() < deadline)
+    while (unreadByMervak() > 0 && Clock::now() < deadline)
         idleUntil(Clock::now() + std::chrono::milliseconds(1));
     return false;
 }
@@ -238,7 +241,27 @@ void PressBench::idleUntil(Clock::time_point moment) {
     }
 }
 
+void PressBench::writePress(int x, int y) {
+    if (options_.replay)
+        pipe_.press(x, y);
+    else
+        pty_.write(packet(x, y));
+}
+
+void PressBench::writeLift() {
+    if (options_.replay)
+        pipe_.lift();
+    else
+        pty_.write(packet(kNoPressCode, kNoPressCode));
+}
+
+int PressBench::unreadByMervak() {
+    return options_.replay ? pipe_.unread() : int(pty_.unreadByFarSide());
+}
+
 void PressBench::serviceTablet() {
+    if (options_.replay)
+        return;
     const QByteArray heard = pty_.readAvailable();
     if (!heard.isEmpty())
         pty_.write(responder_.feed(heard));

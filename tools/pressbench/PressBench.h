@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EvdevPipe.h"
 #include "LatencySummary.h"
 #include "PtyPair.h"
 #include "TabletResponder.h"
@@ -34,6 +35,7 @@ public:
         int keyTimeoutMs = 1000; // a press whose key has not come by then is lost
         int idleSeconds = 10;    // the idle CPU measurement
         bool keepFiles = false;  // leave the home folder, Template and Mervak's log behind
+        bool replay = false;     // an evdev pen replayed from a named pipe, not the serial tablet
     };
 
     struct Result {
@@ -78,6 +80,9 @@ private:
     std::optional<Clock::time_point> awaitKey(char key, Clock::time_point deadline);
     void idleUntil(Clock::time_point moment);
     void serviceTablet();
+    void writePress(int x, int y);
+    void writeLift();
+    int unreadByMervak();
     bool mervakRuns(QString* error);
     std::optional<qint64> rssNow(QString* error);
     void stopMervak();
@@ -86,6 +91,7 @@ private:
     QTemporaryDir folder_;
     sim::PtyPair pty_;
     sim::TabletResponder responder_;
+    EvdevPipe pipe_;
     std::unique_ptr<test::XEventProbe> probe_;
     QProcess mervak_;
     std::mt19937 random_{1};

@@ -27,7 +27,8 @@ void printResult(const PressBench::Options& options, const PressBench::Result& r
     std::printf("mervak-press-bench: %d presses (after %d warm-up) on %s, display %s\n",
                 options.presses, options.warmUpPresses, r.port.toLocal8Bit().constData(),
                 options.display.toLocal8Bit().constData());
-    std::printf("packet written -> KeyPress at the probe window, n=%zu:\n", r.latency.count);
+    std::printf("%s written -> KeyPress at the probe window, n=%zu:\n",
+                options.replay ? "evdev event" : "packet", r.latency.count);
     std::printf("  p50 %.3f ms  p90 %.3f ms  p99 %.3f ms  max %.3f ms\n", ms(r.latency.p50),
                 ms(r.latency.p90), ms(r.latency.p99), ms(r.latency.max));
     const WaitBreakdown& w = r.waits;
@@ -88,6 +89,9 @@ int main(int argc, char** argv) {
                         "beside this tool)."),
          QStringLiteral("PATH")},
         {QStringLiteral("keep"), QStringLiteral("Keep the work folder and Mervak's log.")},
+        {QStringLiteral("replay"),
+         QStringLiteral("Press an evdev pen tablet (Model=DIL) replayed live from a named pipe, "
+                        "instead of the serial tablet.")},
     });
     parser.process(app);
 
@@ -104,6 +108,7 @@ int main(int argc, char** argv) {
                          ? parser.value(QStringLiteral("mervak"))
                          : QCoreApplication::applicationDirPath() + QStringLiteral("/mervak");
     options.keepFiles = parser.isSet(QStringLiteral("keep"));
+    options.replay = parser.isSet(QStringLiteral("replay"));
     if (!QFileInfo(options.mervak).isExecutable()) {
         std::fprintf(stderr, "mervak-press-bench: %s is not a program\n",
                      options.mervak.toLocal8Bit().constData());

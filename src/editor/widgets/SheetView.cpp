@@ -43,6 +43,13 @@ void SheetView::setDrawing(const std::optional<SheetRect>& rect) {
     update();
 }
 
+void SheetView::setMarker(const std::optional<QPointF>& sheetPoint) {
+    if (sheetPoint == marker_)
+        return;
+    marker_ = sheetPoint;
+    update();
+}
+
 QRectF SheetView::sheetRect() const {
     const QSizeF fitted = sheetSize_.scaled(QSizeF(size()), Qt::KeepAspectRatio);
     return {QPointF((width() - fitted.width()) / 2, (height() - fitted.height()) / 2), fitted};
@@ -86,6 +93,23 @@ void SheetView::paintEvent(QPaintEvent*) {
         painter.setPen(QPen(kSelected, 2, Qt::DashLine));
         painter.setBrush(QColor(220, 30, 30, 30));
         painter.drawRect(toWidget(*drawing_));
+    }
+    if (marker_)
+        paintMarker(painter);
+}
+
+// A cross in a white halo, seen over any picture.
+void SheetView::paintMarker(QPainter& painter) const {
+    constexpr double kArm = 10;
+    const QRectF sheet = sheetRect();
+    const QPointF at(sheet.left() + marker_->x() * sheet.width() / kSheetUnits,
+                     sheet.bottom() - marker_->y() * sheet.height() / kSheetUnits);
+    for (const QPen& pen : {QPen(Qt::white, 5), QPen(kSelected, 2)}) {
+        painter.setPen(pen);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawLine(at - QPointF(kArm, 0), at + QPointF(kArm, 0));
+        painter.drawLine(at - QPointF(0, kArm), at + QPointF(0, kArm));
+        painter.drawEllipse(at, kArm / 2, kArm / 2);
     }
 }
 

@@ -32,6 +32,8 @@ public:
     void setSheetSize(QSizeF millimetres);
     void setAreas(const QList<SheetArea>& areas);
     void setDrawing(const std::optional<SheetRect>& rect);
+    // A cross where a device points, in sheet units; none hides it.
+    void setMarker(const std::optional<QPointF>& sheetPoint);
 
     // Where the sheet lies inside the widget.
     QRectF sheetRect() const;
@@ -63,11 +65,13 @@ private:
     void paintArea(QPainter& painter, const SheetArea& area) const;
     void paintGrips(QPainter& painter, const QRectF& box) const;
     void paintNumber(QPainter& painter, const QRectF& box, int number) const;
+    void paintMarker(QPainter& painter) const;
 
     QImage picture_;
     QSizeF sheetSize_{1, 1};
     QList<SheetArea> areas_;
     std::optional<SheetRect> drawing_;
+    std::optional<QPointF> marker_;
 };
 
 } // namespace mervak
