@@ -5,6 +5,7 @@
 #include "devices/QtSerialLink.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace mervak {
 
@@ -25,6 +26,16 @@ std::optional<QString> inputDeviceName(const QString& path) {
     return std::nullopt;
 }
 
+// The first four serial ports go by the names MERVAK.INI has always given them.
+PortChoice serialChoice(const QString& path) {
+    static const QRegularExpression classic(QStringLiteral("^/dev/ttyS([0-3])$"));
+    const QRegularExpressionMatch match = classic.match(path);
+    if (!match.hasMatch())
+        return {path, path};
+    const QString name = QStringLiteral("COM%1").arg(match.captured(1).toInt() + 1);
+    return {QStringLiteral("%1 (%2)").arg(name, path), name};
+}
+
 } // namespace
 
 DeviceSetup::DeviceSetup(PrivateProfile file, const QString& model) : file_(std::move(file)) {
@@ -34,7 +45,7 @@ DeviceSetup::DeviceSetup(PrivateProfile file, const QString& model) : file_(std:
 QList<PortChoice> DeviceSetup::ports() {
     QList<PortChoice> choices;
     for (const QString& path : serialPortCandidates())
-        choices.append({path, path});
+        choices.append(serialChoice(path));
     for (const QString& path : LibevdevSource::devicePaths())
         if (const auto name = inputDeviceName(path))
             choices.append({QStringLiteral("%1 (%2)").arg(*name, path), path});

@@ -106,8 +106,6 @@ bool writeDeviceSettings(const PrivateProfile& file, const Settings& settings, Q
         {QStringLiteral("Interval"), QString::number(settings.interval)},
         {QStringLiteral("So"),
          settings.soundSetting ? QStringLiteral("Si") : QStringLiteral("No")}};
-    if (readSettings(file).model != settings.model)
-        entries.prepend({QStringLiteral("Model"), settings.model});
     return file.writeStrings(kSection, entries, error);
 }
 

@@ -53,8 +53,7 @@ void setPort(Settings& settings, const QString& port);
 QString portSetting(const Settings& settings);
 
 // What the tablet's test and calibration keep: "Port", "RetardPort", "Interval"
-// and "So" ("Si" or "No"); "Model" only when the file holds another, since the
-// teacher chose the device there.
+// and "So" ("Si" or "No"). "Model" and "IDIOMA" are the teacher's to write.
 bool writeDeviceSettings(const PrivateProfile& file, const Settings& settings,
                          QString* error = nullptr);
 

@@ -152,15 +152,15 @@ TEST(Settings, PortDevicesAndCaptions) {
     }
 }
 
-// Model, port index, device path and sound, as the tablet's test writes them
-// over a file that says "model=easy".
+// Port index, device path and sound, as the tablet's test writes them over a
+// file that says "model=easy", whatever model was tested.
 TEST(Settings, DeviceSettingsAreWrittenBack) {
     const std::tuple<QString, int16_t, QString, bool, QByteArray> cases[] = {
         {"EASY", 4, "", true, "model=easy\r\nPort=COM2\r\nRetardPort=3\r\nInterval=0\r\nSo=Si"},
         {"DIL", 7, "", false,
-         "model=DIL\r\nPort=AUTODETECT\r\nRetardPort=3\r\nInterval=0\r\nSo=No"},
+         "model=easy\r\nPort=AUTODETECT\r\nRetardPort=3\r\nInterval=0\r\nSo=No"},
         {"GENIUS", 0, "/dev/input/event5", true,
-         "model=GENIUS\r\nPort=/dev/input/event5\r\nRetardPort=3\r\nInterval=0\r\nSo=Si"},
+         "model=easy\r\nPort=/dev/input/event5\r\nRetardPort=3\r\nInterval=0\r\nSo=Si"},
     };
     for (const auto& [model, index, device, sound, written] : cases) {
         QTemporaryDir dir;
