@@ -5,7 +5,7 @@
 
 namespace mervak {
 
-EditorAssembly::EditorAssembly(Session& session, MainWindow& window, Effects effects)
+EditorAssembly::EditorAssembly(Session& session, MainWindow& window, const Effects& effects)
     : window_(window),
       editor_(
           EditorController::Context{session, effects.beep, effects.runActionText,

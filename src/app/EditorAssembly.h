@@ -22,7 +22,7 @@ public:
         std::function<void()> templateReplaced;
     };
 
-    EditorAssembly(Session& session, MainWindow& window, Effects effects);
+    EditorAssembly(Session& session, MainWindow& window, const Effects& effects);
 
     EditorController& editor() { return editor_; }
     DocumentController& document() { return document_; }

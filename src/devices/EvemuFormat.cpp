@@ -4,7 +4,7 @@ namespace mervak {
 
 namespace {
 
-constexpr int kBytesPerLine = 8;
+constexpr std::size_t kBytesPerLine = 8;
 
 QString bad(const char* what) {
     return QString::fromLatin1(what);

@@ -9,7 +9,7 @@ namespace mervak {
 
 namespace {
 
-constexpr qsizetype kChunkSize = 64 * 1024;
+constexpr qsizetype kChunkSize = qsizetype{64} * 1024;
 
 OpenFailure failureOfErrno(int error) {
     switch (error) {

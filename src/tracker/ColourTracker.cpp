@@ -88,7 +88,7 @@ cv::Mat ColourTracker::latestFrame() const {
 
 // Once the source has no more frames there is no marker: the last position must
 // not stay pressed.
-void ColourTracker::run(std::unique_ptr<FrameSource> source, TrackerSettings settings) {
+void ColourTracker::run(std::unique_ptr<FrameSource> source, const TrackerSettings& settings) {
     MarkerTracker tracker(settings.colour, settings.minimumArea);
     while (!stopping_) {
         cv::Mat frame; // a new buffer each time: the preview may still hold the last one

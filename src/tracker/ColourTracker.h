@@ -56,7 +56,7 @@ public:
     cv::Mat latestFrame() const;
 
 private:
-    void run(std::unique_ptr<FrameSource> source, TrackerSettings settings);
+    void run(std::unique_ptr<FrameSource> source, const TrackerSettings& settings);
     void publish(const cv::Mat& frame, std::optional<cv::Point2d> marker,
                  std::chrono::steady_clock::time_point arrived);
 

@@ -112,7 +112,7 @@ bool PerspectiveMapping::LoadCalibrationSystem() {
     }
     flags_ = flags;
     std::memset(calib_, 0, sizeof calib_);
-    for (int k = 1; k <= 4; ++k) {
+    for (std::ptrdiff_t k = 1; k <= 4; ++k) {
         const double x = corners.x[k];
         const double y = corners.y[k];
         double* uRow = calib_[2 * k - 1];

@@ -10,7 +10,7 @@ namespace {
 
 QByteArray cornersIni(std::array<int, 8> xy, const char* extra = "") {
     QByteArray ini = "[WEBCAM]\r\n";
-    for (int k = 0; k < 4; ++k)
+    for (std::size_t k = 0; k < 4; ++k)
         ini += QStringLiteral("x%1=%2\r\ny%1=%3\r\n")
                    .arg(k + 1)
                    .arg(xy[2 * k])

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <cerrno>
+#include <cmath>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/ioctl.h>
@@ -31,7 +32,7 @@ InputCapabilities penTablet() {
 // The reading the device's whole area maps back onto `units`.
 int32_t axisValue(int units, bool upwards) {
     const double f = double(units - kSheetMin) / (kSheetMax - kSheetMin);
-    return int32_t((upwards ? 1.0 - f : f) * kAxisMax + 0.5);
+    return static_cast<int32_t>(std::lround((upwards ? 1.0 - f : f) * kAxisMax));
 }
 
 QByteArray frame(std::initializer_list<InputEvent> events) {

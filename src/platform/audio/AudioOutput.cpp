@@ -15,7 +15,7 @@ constexpr int kPumpMs = 5;
 constexpr int kServerLatencyMs = 20;
 
 qint64 bytesToMs(qint64 bytes) {
-    return bytes * 1000 / (AudioOutput::kSampleRate * AudioOutput::kFrameBytes);
+    return bytes * 1000 / (qint64{AudioOutput::kSampleRate} * AudioOutput::kFrameBytes);
 }
 
 } // namespace
