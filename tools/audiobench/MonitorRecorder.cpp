@@ -58,7 +58,7 @@ bool MonitorRecorder::quietFor(int quietMs) const {
 }
 
 void MonitorRecorder::record() {
-    std::array<int16_t, kFragmentFrames * 2> samples{};
+    std::array<int16_t, std::size_t{kFragmentFrames} * 2> samples{};
     int code = 0;
     while (!stopping_) {
         if (pa_simple_read(stream_, samples.data(), sizeof samples, &code) < 0)

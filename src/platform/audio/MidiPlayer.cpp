@@ -89,7 +89,7 @@ MidiPlayer::Problem MidiPlayer::play(const QString& path) {
 }
 
 QByteArray MidiPlayer::render(int frames) {
-    QByteArray samples(frames * AudioOutput::kFrameBytes, Qt::Uninitialized);
+    QByteArray samples(qsizetype{frames} * AudioOutput::kFrameBytes, Qt::Uninitialized);
     fluid_synth_write_s16(synth_, frames, samples.data(), 0, 2, samples.data(), 1, 2);
     return samples;
 }
