@@ -256,6 +256,25 @@ TEST_F(EditorWindowTest, TheCataloguesProgramsAndMacrosAreOffered) {
     EXPECT_EQ(shown, 2) << "rebuilt, not added again";
 }
 
+// A pupil's session: no menu, key or panel edits the Template or opens another.
+// A hidden action has no shortcut either.
+TEST_F(EditorWindowTest, ALockedWindowLeavesNothingThatEditsOrOpens) {
+    tmpl.CurrentArea = 1;
+    editor.refresh();
+    window.lock();
+    QApplication::processEvents();
+    QTest::keyClick(&window, Qt::Key_Delete);
+    EXPECT_EQ(tmpl.AreaCount(), 3);
+    EXPECT_FALSE(window.panel()->isVisible());
+    for (QAction* action : window.filesMenu()->actions())
+        EXPECT_FALSE(action->isVisible()) << action->text();
+    QStringList shown;
+    for (QAction* menu : window.menuBar()->actions())
+        if (menu->isVisible())
+            shown << menu->text().remove(u'&');
+    EXPECT_EQ(shown, (QStringList{"Veure", "Opcions", "Ajuda"}));
+}
+
 TEST_F(EditorWindowTest, SpanishAndBackAgainWithADialogOpen) {
     clickOnSheet({80, 80});
     actions().addPage->trigger();
