@@ -6,11 +6,7 @@ set -euo pipefail
 bin=$1
 source=$2
 kind=$3
-work=$(mktemp -d)
-trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$work"' EXIT
-export XDG_RUNTIME_DIR="$work"
-received="$work/received.txt"
-cp "$source/data/demo/demo.mvw" "$source/data/demo/demo.png" "$work/"
+. "$(dirname "$0")/terminal.sh"
 
 # The demo's Areas: "hola " top left, "adéu" Enter top right, "çۖ " bottom left,
 # page 2 bottom right; page 2 is one Area that counts and returns to page 1.
@@ -31,28 +27,8 @@ else
 fi
 "$bin/mervak-evemu-script" --device "$kind" -o "$work/device.evemu" "$script"
 
-xterm -T "Mervak demo" -geometry 40x8+700+40 -e sh -c "stty -icanon -echo min 1; exec tee '$received'" &
-# Mervak looks for its target when it starts: the terminal must be up by then.
-for _ in $(seq 300); do xdotool search --name "^Mervak demo$" >/dev/null 2>&1 && break; sleep 0.05; done
-mkdir -p "$work/home"
+start_terminal
 printf '[Mervak]\r\nModel=%s\r\nPort=%s\r\n' "$model" "$work/device.evemu" >"$work/home/MERVAK.INI"
-"$bin/mervak" --home "$work/home" "$work/demo.mvw" 2>"$work/mervak.log" &
-mervak=$!
-expected=$'hola ad\u00e9u\n\u00e7\u20ac\u00f1 1\n2\n'
-for _ in $(seq 150); do
-  text=$(cat "$received"; echo x)
-  text=${text%x}
-  [ "$text" = "$expected" ] && break
-  sleep 0.1
-done
-# Nothing more may follow the last press.
-sleep 1
-text=$(cat "$received"; echo x)
-text=${text%x}
-if [ "$text" != "$expected" ]; then
-  echo "FAIL ($kind): the terminal received:"; printf '%s' "$text" | od -c | head
-  kill -0 "$mervak" 2>/dev/null && echo "mervak still runs" || echo "mervak ended"
-  cat "$work/mervak.log"
-  exit 1
-fi
+start_mervak
+expect_received $'hola ad\u00e9u\n\u00e7\u20ac\u00f1 1\n2\n' 15 "replay_$kind"
 echo "PASS ($kind): the terminal received every press, in order"

@@ -6,13 +6,8 @@
 set -euo pipefail
 bin=$1
 source=$2
-work=$(mktemp -d)
-trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$work"' EXIT
-export XDG_RUNTIME_DIR="$work"
-received="$work/received.txt"
-cp "$source/data/demo/demo.mvw" "$source/data/demo/demo.png" "$work/"
+. "$(dirname "$0")/terminal.sh"
 
-mkdir -p "$work/home"
 {
   printf '[Mervak]\r\nModel=VISTAL\r\nRetardPort=20\r\n[WEBCAM]\r\nCamera=%s\r\n' "$work/marker.y4m"
   # The marker rests a second on each cell of the 0..120 sheet grid, out of view between.
@@ -20,19 +15,7 @@ mkdir -p "$work/home"
     sed 's/$/\r/'
 } >"$work/home/MERVAK.INI"
 
-xterm -T "Mervak demo" -geometry 40x8+700+40 -e sh -c "stty -icanon -echo min 1; exec tee '$received'" &
-for _ in $(seq 300); do xdotool search --name "^Mervak demo$" >/dev/null 2>&1 && break; sleep 0.05; done
-"$bin/mervak" --home "$work/home" "$work/demo.mvw" 2>"$work/mervak.log" &
-mervak=$!
-sleep 9
-expected=$'hola ad\u00e9u\n\u00e7\u20ac\u00f1 '
-text=$(cat "$received"; echo x)
-text=${text%x}
-if [ "$text" != "$expected" ]; then
-  echo "FAIL: the terminal received:"; printf '%s' "$text" | od -c | head
-  kill -0 "$mervak" 2>/dev/null && echo "mervak still runs" || echo "mervak ended"
-  cat "$work/mervak.log"
-  import -window root "${MERVAK_E2E_SHOT:-/tmp/webcam_marker-failure.png}" 2>/dev/null || true
-  exit 1
-fi
+start_terminal
+start_mervak
+expect_received $'hola ad\u00e9u\n\u00e7\u20ac\u00f1 ' 15 webcam_marker
 echo "PASS: the marker's Areas reached the terminal, in order"
