@@ -12,6 +12,8 @@ declare -A allowed=(
   [platform/qt]="platform/qt platform"
   [platform/x11]="platform/x11 platform"
   [platform/audio]="platform/audio platform"
+  [platform/wayland]="platform/wayland platform"
+  [platform/portal]="platform/portal platform"
   [template]="template platform"
   [action]="action platform"
   [action/dryrun]="action/dryrun action platform"
@@ -19,11 +21,14 @@ declare -A allowed=(
   [session]="session action template platform"
   [dispatch]="dispatch session action devices tracker template platform"
   [tracker]="tracker platform"
-  [editor]="editor session template platform"
-  [editor/widgets]="editor/widgets editor session action template platform"
+  [sheet]="sheet template platform"
+  [openboard]="openboard sheet template platform"
+  [scanning]="scanning dispatch session action devices tracker template platform"
+  [editor]="editor session sheet template platform"
+  [editor/widgets]="editor/widgets editor session sheet action template platform"
 )
 # Logic runs headless: Qt Core (and the serial port) only, no X11.
-logic="platform template action action/dryrun devices session dispatch tracker editor"
+logic="platform template action action/dryrun devices session dispatch tracker scanning editor"
 
 qt_headers=$(dirname "$(find /usr/include -maxdepth 3 -type d -name QtCore -path '*qt6*' | head -n 1)")
 failures=0

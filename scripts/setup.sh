@@ -15,6 +15,9 @@ packages=(
   fonts-dejavu-core
   scdoc librsvg2-bin lintian desktop-file-utils appstream xdg-utils shared-mime-info libxml2-utils
   libfile-mimeinfo-perl
+  ccache qt6-svg-dev libzip-dev fonts-sil-andika tesseract-ocr tesseract-ocr-cat tesseract-ocr-spa
+  libclang-rt-14-dev
+  libwayland-dev wayland-protocols sway foot wtype dbus
 )
 
 missing=()
