@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Sets up, checks formatting and clang-tidy, then builds and runs the whole test suite
 # on what scripts/run.sh ships (the release preset: optimised, warnings as errors) and
-# again under AddressSanitizer and UndefinedBehaviorSanitizer (the asan preset).
+# again under AddressSanitizer and UndefinedBehaviorSanitizer (the asan preset), then
+# runs every fuzz target for a few seconds.
 #   scripts/test.sh [ctest arguments...]    e.g. scripts/test.sh -R AreaGeometry
 set -uo pipefail
 cd "$(dirname "$0")/.."
@@ -49,6 +50,8 @@ if step "configure" configure; then
   step "build asan" cmake --build --preset asan -j 2 &&
     step "tests asan" run_tests asan -LE no-asan "$@"
 fi
+# Every file and device reader under libFuzzer, a few seconds each (scripts/fuzz.sh).
+step "fuzz" ./scripts/fuzz.sh 5
 
 echo
 echo "==== summary (release = what scripts/run.sh ships; asan = ASan + UBSan build)"

@@ -83,9 +83,11 @@ constexpr MessageRow kRows[] = {
     {ActionProblem::FileNotFound, 15, {}, {}},
     {ActionProblem::FileNotRead, 3, {}, {}},
     {ActionProblem::NotationError, kOwnText, u"Al caràcter %2 %1", u"En el carácter %2 %1"},
+    {ActionProblem::NotTrusted, kOwnText, u"La plantilla no és de confiança: no s'ha fet \"%1\"",
+     u"La plantilla no es de confianza: no se ha hecho \"%1\""},
 };
 
-static_assert(std::size(kRows) == static_cast<std::size_t>(ActionProblem::NotationError) + 1,
+static_assert(std::size(kRows) == static_cast<std::size_t>(ActionProblem::NotTrusted) + 1,
               "one row for every problem");
 
 QString textOf(Language language, const MessageRow& row) {

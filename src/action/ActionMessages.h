@@ -38,6 +38,7 @@ enum class ActionProblem {
     FileNotFound,      // %1 the path
     FileNotRead,       // %1 the path
     NotationError,     // %1 what is wrong, %2 the 1-based character
+    NotTrusted,        // %1 the command and what it names
 };
 
 // The text of the problem in the language, its "%n" filled from `arguments`.

@@ -55,6 +55,9 @@ public:
     // The language of the problem() messages; Catalan until set.
     void setLanguage(Language language);
 
+    // Asked before every guarded command; see CommandInterpreter::setGuard.
+    void setGuard(const CommandGuard* guard) { interpreter_.setGuard(guard); }
+
 signals:
     // Something the user should read in the status line, in the language set:
     // malformed key notation, a window or file not found, a number out of range.

@@ -31,6 +31,19 @@ DecodedBlock CommandBlock::decode(const QString& block) {
     return {body.left(blank).toUpper(), trimBlanks(body.mid(blank))};
 }
 
+std::optional<RegistryArgument> CommandBlock::registryArgument(const QString& argument) {
+    if (!argument.startsWith(u'['))
+        return std::nullopt;
+    const qsizetype backslash = argument.indexOf(u'\\');
+    const qsizetype bracket = backslash < 0 ? -1 : argument.indexOf(u']', backslash);
+    const qsizetype equals = bracket < 0 ? -1 : argument.indexOf(u'=', bracket);
+    if (equals < 0)
+        return std::nullopt;
+    return RegistryArgument{
+        argument.mid(1, backslash - 1), argument.mid(backslash + 1, bracket - backslash - 1),
+        argument.mid(bracket + 1, equals - bracket - 1), argument.mid(equals + 1)};
+}
+
 std::optional<QString> CommandBlock::ExpandInnerBlock(const QString& text,
                                                       const InnerValue& valueOf) {
     const qsizetype open = text.lastIndexOf(u'{');

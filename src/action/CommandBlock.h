@@ -6,6 +6,14 @@
 
 namespace mervak {
 
+// A REG argument, "[ROOT\subkey]name=value", in its parts.
+struct RegistryArgument {
+    QString root;
+    QString subkey;
+    QString name;
+    QString value;
+};
+
 struct DecodedBlock {
     QString keyword;  // upper case
     QString argument; // trimmed of blanks, inner blocks not yet expanded
@@ -34,6 +42,9 @@ public:
     // left undone.
     static std::optional<QString> expandArgument(const QString& argument,
                                                  const InnerValue& valueOf);
+
+    // Nothing when the "[", "\", "]" or "=" is missing.
+    static std::optional<RegistryArgument> registryArgument(const QString& argument);
 
     // Trims spaces only, as the command language always has.
     static QString trimBlanks(const QString& text);

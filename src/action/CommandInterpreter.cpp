@@ -144,10 +144,23 @@ QString CommandInterpreter::innerValue(const QString& keyword, const QString& ar
     return keyword;
 }
 
+// The rest of the ActionText goes on; the status line and the log say what was left out.
+CommandResult CommandInterpreter::skipped(const GuardedCommand& command) const {
+    const CommandResult result =
+        failure(ActionProblem::NotTrusted, {command.keyword + u' ' + command.target});
+    qInfo("%s", qPrintable(result.problem));
+    return result;
+}
+
 CommandResult CommandInterpreter::carryOut(const QString& keyword, const QString& argument) {
     const auto command = commandOf(keyword);
     if (!command || (argument.isEmpty() && needsArgument(*command)))
         return {};
+    if (guard_ != nullptr) {
+        const auto guarded = GuardedCommand::of(keyword, argument, state_.WorkingFolder);
+        if (guarded && !guard_->permits(*guarded))
+            return skipped(*guarded);
+    }
     switch (*command) {
     case Command::Page:
         return setPage(argument);
@@ -203,16 +216,9 @@ CommandResult CommandInterpreter::setPage(const QString& argument) {
 
 // "[ROOT\subkey]name=value"; anything else is left alone. Writes fail quietly.
 void CommandInterpreter::writeRegistry(const QString& argument) {
-    if (!argument.startsWith(u'['))
-        return;
-    const qsizetype backslash = argument.indexOf(u'\\');
-    const qsizetype bracket = backslash < 0 ? -1 : argument.indexOf(u']', backslash);
-    const qsizetype equals = bracket < 0 ? -1 : argument.indexOf(u'=', bracket);
-    if (equals < 0)
-        return;
-    WriteRegistryValue(platform_.registry, argument.mid(1, backslash - 1),
-                       argument.mid(backslash + 1, bracket - backslash - 1),
-                       argument.mid(bracket + 1, equals - bracket - 1), argument.mid(equals + 1));
+    if (const auto parts = CommandBlock::registryArgument(argument))
+        WriteRegistryValue(platform_.registry, parts->root, parts->subkey, parts->name,
+                           parts->value);
 }
 
 // Moves WorkingFolder to the Template's folder; the runner asks the application

@@ -3,6 +3,7 @@
 #include "action/ActionMessages.h"
 #include "action/ActionPlatform.h"
 #include "action/ActionState.h"
+#include "action/GuardedCommand.h"
 #include "action/RandomChoice.h"
 #include "platform/Language.h"
 
@@ -53,6 +54,10 @@ public:
     // The language of CommandResult::problem; Catalan until set.
     void setLanguage(Language language) { language_ = language; }
 
+    // Asked before every guarded command; none lets every command run. Must
+    // outlive the interpreter.
+    void setGuard(const CommandGuard* guard) { guard_ = guard; }
+
     // "{|SIM text {cert}{fals}": follows the branch chosen by comparing the text
     // with the memory register, exactly.
     CommandResult executeConditional(const QString& block);
@@ -60,6 +65,7 @@ public:
 private:
     CommandResult failure(ActionProblem problem, const QString& argument) const;
     QString innerValue(const QString& keyword, const QString& argument);
+    CommandResult skipped(const GuardedCommand& command) const;
     CommandResult carryOut(const QString& keyword, const QString& argument);
     CommandResult setPage(const QString& argument);
     void writeRegistry(const QString& argument);
@@ -75,6 +81,7 @@ private:
     ActionPlatform platform_;
     RandomChoice& random_;
     Language language_ = Language::Catalan;
+    const CommandGuard* guard_ = nullptr;
 };
 
 } // namespace mervak

@@ -10,6 +10,7 @@
 #include "platform/Checked16.h"
 #include "platform/HomeFolder.h"
 #include "platform/Language.h"
+#include "session/TemplateAudit.h"
 
 #include <QApplication>
 #include <QDir>
@@ -75,6 +76,7 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
     wireWindow();
     wireEditor();
     wireRunner();
+    wireTrust();
 }
 
 Application::~Application() = default;
@@ -109,8 +111,12 @@ bool Application::start() {
 
 void Application::readConfiguration() {
     session_.settings = readSettings(PrivateProfile(settingsFilePath(session_.homeFolder)));
-    session_.catalogue = MacroCatalogue::read(MacroCatalogue::locate(
-        session_.homeFolder, programDataFolder(QApplication::applicationDirPath())));
+    const QString dataFolder = programDataFolder(QApplication::applicationDirPath());
+    session_.catalogue =
+        MacroCatalogue::read(MacroCatalogue::locate(session_.homeFolder, dataFolder));
+    session_.trust.configure(
+        dataFolder, splitTrustedFolders(session_.settings.trustedFolders, QDir::homePath()),
+        TrustStore(QDir(session_.homeFolder).filePath(TrustStore::kFileName)));
     editor().refreshCatalogue();
     runner_->setLanguage(session_.language());
     translate();
@@ -233,6 +239,43 @@ void Application::wireRunner() {
     connect(runner_.get(), &ActionRunner::openTemplateRequested, &document(),
             &DocumentController::openFile);
     connect(runner_.get(), &ActionRunner::closeRequested, this, &Application::closeAtOnce);
+}
+
+// Every guarded command asks the policy; each Template opened is judged on its own.
+void Application::wireTrust() {
+    runner_->setGuard(&session_.trust);
+    connect(&document(), &DocumentController::templateOpened, this, &Application::judgeTemplate);
+    connect(&document(), &DocumentController::templateSaved, this, [this](const QString& file) {
+        QString error;
+        if (!session_.trust.saved(file, &error))
+            setStatus(error);
+    });
+    connect(&trustQuestion_, &TrustQuestion::answered, this, [this](bool allow, bool remember) {
+        QString error;
+        if (!session_.trust.answer(allow, remember, &error))
+            setStatus(error);
+    });
+}
+
+// An untrusted Template with guarded commands asks once, never in a pupil's
+// session; until someone allows it those commands are skipped.
+void Application::judgeTemplate(const QString& file) {
+    trustQuestion_.hide();
+    if (file.isEmpty()) {
+        session_.trust.untitled();
+        return;
+    }
+    const TrustPolicy::Standing standing = session_.trust.opened(file);
+    if (TrustPolicy::isTrusted(standing))
+        return;
+    const QList<AuditEntry> entries = auditTemplate(session_.tmpl, session_.trust);
+    if (entries.isEmpty())
+        return;
+    for (const QString& line : TrustQuestion::describe(entries, session_.language()))
+        qInfo("%s: %s", qPrintable(file), qPrintable(line));
+    if (locked_ || standing == TrustPolicy::Standing::Denied)
+        return;
+    trustQuestion_.ask(file, entries, session_.language());
 }
 
 // The press click comes from the program's data unless the home folder holds its

@@ -6,6 +6,7 @@
 #include "app/EditorAssembly.h"
 #include "app/MainWindow.h"
 #include "app/ReaderWindow.h"
+#include "app/TrustQuestion.h"
 #include "app/VirtualTablet.h"
 #include "dispatch/PressDispatcher.h"
 #include "dispatch/TabletControl.h"
@@ -61,6 +62,8 @@ private:
     void wireWindow();
     void wireEditor();
     void wireRunner();
+    void wireTrust();
+    void judgeTemplate(const QString& file);
 
     void translate();
     void chooseLanguage(Language language);
@@ -112,6 +115,7 @@ private:
     MainWindow window_;
     VirtualTablet virtualTablet_;
     ReaderWindow reader_;
+    TrustQuestion trustQuestion_;
     std::unique_ptr<EditorAssembly> assembly_;
     QTimer timer2_;
 };

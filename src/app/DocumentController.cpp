@@ -76,6 +76,7 @@ void DocumentController::newTemplate() {
     context_.session.tmpl.NewTemplate();
     refreshTitle();
     context_.templateReplaced(true);
+    emit templateOpened(QString());
 }
 
 void DocumentController::openWithDialog() {
@@ -115,6 +116,7 @@ bool DocumentController::open(const QString& path) {
     }
     refreshTitle();
     context_.templateReplaced(true);
+    emit templateOpened(outcome.error ? QString() : context_.session.tmpl.TemplateFileName);
     return !outcome.error;
 }
 
@@ -155,6 +157,7 @@ bool DocumentController::saveWithDialog(bool saveAs) {
         QFileInfo(context_.session.tmpl.TemplateFileName).absolutePath();
     remember(context_.session.tmpl.TemplateFileName);
     context_.templateReplaced(false);
+    emit templateSaved(context_.session.tmpl.TemplateFileName);
     return true;
 }
 

@@ -45,6 +45,12 @@ public:
     void refreshTitle();
     void refreshRecentFiles();
 
+signals:
+    // Another Template is open: read from `file`, or untitled when it is empty.
+    void templateOpened(const QString& file);
+    // The open Template was written to `file`.
+    void templateSaved(const QString& file);
+
 private:
     bool saveWithDialog(bool saveAs);
     struct SaveOutcome write(const QString& path, bool saveAs);

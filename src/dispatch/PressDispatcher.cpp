@@ -1,5 +1,6 @@
 #include "dispatch/PressDispatcher.h"
 
+#include "action/ActionMessages.h"
 #include "platform/Checked16.h"
 #include "platform/Language.h"
 #include "platform/PathResolver.h"
@@ -76,6 +77,14 @@ void PressDispatcher::fireArea(int16_t x, int16_t y) {
 bool PressDispatcher::loadClip(const Area& area) {
     clipboard_.clear();
     const QString path = resolveStoredPath(area.Clip, session_.workingFolder());
+    // Skipped like a guarded command: the ActionText still runs.
+    if (!session_.trust.permits({GuardedCommand::Kind::ReadFile, QStringLiteral("CLIP"), path})) {
+        const QString skipped = actionMessage(session_.language(), ActionProblem::NotTrusted,
+                                              {QStringLiteral("CLIP ") + path});
+        qInfo("%s", qPrintable(skipped));
+        emit problem(skipped);
+        return true;
+    }
     const QString failure = Message(session_.language(), Msg::ReadError) + path;
     if (area.ClipFlag == 1) {
         if (clipboard_.setPictureFromFile(path))

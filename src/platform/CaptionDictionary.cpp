@@ -253,6 +253,8 @@ constexpr CaptionPair kCaptions[] = {
      u"  page-insert FITXER PÀGINA MODEL (--before|--after) [--output SORTIDA]\n"
      u"  page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
      u"  page-delete FITXER PÀGINA [--output SORTIDA]\n"
+     u"  audit FITXER [--json]    llista el que la plantilla faria fora de la seva carpeta\n"
+     u"                           (programes, configuració, fitxers) i si és de confiança\n"
      u"  action TEXT [--dry-run]  executa un ActionText (escriu a la finestra de destinació\n"
      u"                           o, amb --dry-run, llista els efectes en JSON)\n"
      u"\n"
@@ -282,6 +284,8 @@ constexpr CaptionPair kCaptions[] = {
      u"  page-insert ARCHIVO PÁGINA MODELO (--before|--after) [--output SALIDA]\n"
      u"  page-paste ARCHIVO PÁGINA MODELO [--output SALIDA]\n"
      u"  page-delete ARCHIVO PÁGINA [--output SALIDA]\n"
+     u"  audit ARCHIVO [--json]   lista lo que la plantilla haría fuera de su carpeta\n"
+     u"                           (programas, configuración, archivos) y si es de confianza\n"
      u"  action TEXTO [--dry-run] ejecuta un ActionText (escribe en la ventana de destino\n"
      u"                           o, con --dry-run, lista los efectos en JSON)\n"
      u"\n"
@@ -353,6 +357,18 @@ constexpr CaptionPair kCaptions[] = {
      u"Afegeix les àrees del MODEL a la PÀGINA.\n",
      u"Uso: mervak-cli page-paste ARCHIVO PÁGINA MODELO [--output SALIDA]\n"
      u"Añade las áreas del MODELO a la PÁGINA.\n"},
+    {u"Ús: mervak-cli audit FITXER [--json]\n"
+     u"Llista cada ordre que una plantilla que no és de confiança no fa sense\n"
+     u"permís (engegar programes, escriure la configuració, obrir plantilles\n"
+     u"o llegir fitxers de fora de la seva carpeta): pàgina, àrea, ordre i el\n"
+     u"que nomena, i diu si aquest usuari en té confiança. Estat de sortida 0\n"
+     u"si no n'hi ha cap, 3 si n'hi ha.\n",
+     u"Uso: mervak-cli audit ARCHIVO [--json]\n"
+     u"Lista cada orden que una plantilla que no es de confianza no hace sin\n"
+     u"permiso (iniciar programas, escribir la configuración, abrir plantillas\n"
+     u"o leer archivos de fuera de su carpeta): página, área, orden y lo que\n"
+     u"nombra, y dice si este usuario confía en ella. Estado de salida 0 si\n"
+     u"no hay ninguna, 3 si las hay.\n"},
     {u"Ús: mervak-cli page-delete FITXER PÀGINA [--output SORTIDA]\n"
      u"Elimina la PÀGINA i les seves àrees; les pàgines següents baixen un\n"
      u"número. L'única pàgina d'una plantilla no s'elimina (estat de\n"

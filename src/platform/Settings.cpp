@@ -74,7 +74,22 @@ Settings readSettings(const PrivateProfile& file) {
     if (!closeWord.isEmpty())
         settings.closeWord = closeWord;
     settings.virtualTabletPlace = placeFromText(readText(file, kVirtualTabletKey, QString()));
+    settings.trustedFolders =
+        file.readString(QStringLiteral("Seguretat"), QStringLiteral("CarpetesDeConfianca"),
+                        QString(), kPathBufferSize);
     return settings;
+}
+
+QStringList splitTrustedFolders(const QString& text, const QString& userHome) {
+    QStringList folders;
+    for (const QString& part : text.split(u';')) {
+        QString folder = part.trimmed();
+        if (folder == u"~" || folder.startsWith(QLatin1String("~/")))
+            folder = userHome + folder.mid(1);
+        if (!folder.isEmpty())
+            folders.append(folder);
+    }
+    return folders;
 }
 
 bool writeLanguage(const PrivateProfile& file, Language language, QString* error) {

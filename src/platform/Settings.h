@@ -5,6 +5,7 @@
 
 #include <QRect>
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 
 namespace mervak {
@@ -32,11 +33,18 @@ struct Settings {
     QString closeWord = QStringLiteral("mervak");
     // Where the user last left the virtual tablet, in screen pixels; null until then.
     QRect virtualTabletPlace;
+    // "CarpetesDeConfianca" of section "Seguretat", as written: folders whose
+    // Templates may start programs and read files, separated by ";".
+    QString trustedFolders;
 };
 
 QString settingsFilePath(const QString& homeFolder);
 
 Settings readSettings(const PrivateProfile& file);
+
+// The folders of Settings::trustedFolders, a leading "~" standing for `userHome`;
+// blanks around each are dropped, empty ones left out.
+QStringList splitTrustedFolders(const QString& text, const QString& userHome);
 
 // The language menu's choice, stored as key "Idioma".
 bool writeLanguage(const PrivateProfile& file, Language language, QString* error = nullptr);

@@ -3,6 +3,7 @@
 #include "action/ActionState.h"
 #include "action/MacroCatalogue.h"
 #include "platform/Settings.h"
+#include "session/TrustPolicy.h"
 #include "template/Template.h"
 
 #include <QString>
@@ -22,6 +23,7 @@ struct Session {
     ActionState actionState;    // memory register, WorkingFolder, TargetWindow
     MacroCatalogue catalogue;   // MACROS.INI
     bool DevicePresent = false; // an input device started
+    TrustPolicy trust;          // what the open Template may do beyond keys and pages
 
     Language language() const { return settings.language; }
     QString& workingFolder() { return actionState.WorkingFolder; }

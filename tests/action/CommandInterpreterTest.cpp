@@ -157,5 +157,39 @@ TEST_F(FileCommands, SpeaksAndReadsFilesWhenSpeechIsAvailable) {
     expectEffects({{"{|Llegir Hola}", {}, 0}, {"{|Llegeix /F:adeu.txt}", {}, 0}});
 }
 
+// A guard that refuses everything and notes what it was asked about.
+class RefusingGuard : public CommandGuard {
+public:
+    bool permits(const GuardedCommand& command) const override {
+        asked.append(command.keyword + ' ' + command.target);
+        return false;
+    }
+    mutable QStringList asked;
+};
+
+// Only the guarded commands are skipped, each with a status line; the guard is
+// asked with the program, the registry path or the file as resolved.
+TEST_F(FileCommands, SkipsWhatTheGuardRefusesAndRunsTheRest) {
+    RefusingGuard guard;
+    bench.runner.setGuard(&guard);
+    bench.state.speechAvailable = true;
+    expectEffects({
+        {"{|Executa touch x}a", typed("a"), 1},
+        {"{|Reg [HKEY_CURRENT_USER\\Software\\M]Nom=1}", {}, 1},
+        {"{|Carrega sub\\joc.mvw}", {}, 1},
+        {"{|Enganxa adeu.txt}{|Sona Sons\\Bell.WAV}{|Llegeix /F:adeu.txt}", {}, 3},
+        {"{|Sona quiet.wav}{|Enganxa x.doc}{|M+ 4}{|RM }{|Pagina 2}{|Llegir Hola}",
+         QStringList{"clipboard clear"} + typed("^v") + typed("4") +
+             QStringList{"page 2", "speak 0 Hola"},
+         0},
+    });
+    EXPECT_EQ(guard.asked,
+              (QStringList{"EXECUTA touch x", "REG HKEY_CURRENT_USER\\Software\\M\\Nom",
+                           "CARREGA " + plant("Sub/Joc.mvw"), "ENGANXA " + plant("Adeu.TXT"),
+                           "SONA " + plant("Sons/Bell.WAV"), "LLEGEIX " + plant("Adeu.TXT")}));
+    EXPECT_TRUE(bench.state.launchedPrograms.isEmpty());
+    EXPECT_EQ(bench.state.WorkingFolder, plant(""));
+}
+
 } // namespace
 } // namespace mervak

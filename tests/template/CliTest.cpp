@@ -46,6 +46,8 @@ TEST_F(CliTest, ExitStatusAndMessages) {
         {{"page-delete", golden, "3"}, 2, "", "de 1 a 2"},
         {{"page-paste", golden, "1", "cap"}, 1, "", "cap.MVP"},
         {{"check", golden}, 3, "", ""},
+        {{"audit", golden}, 0, "no és de confiança\n", ""},
+        {{"audit", "cap.mvw"}, 1, "", "cap.mvw"},
         {{"--version"}, 0, "mervak-cli 0.1.0\n", ""},
         {{"info", "--", "-t.mvw"}, 0, "PageCount: 2", ""},
         {{"action", "--dry-run", "--", "-5"}, 0, R"("text":"-5")", ""},
@@ -98,11 +100,37 @@ TEST_F(CliTest, TheOnlyPageIsNotDeleted) {
 
 TEST_F(CliTest, HelpForEveryCommand) {
     for (const char* command : {"info", "convert", "check", "copy", "models", "page-save",
-                                "page-insert", "page-paste", "page-delete"}) {
+                                "page-insert", "page-paste", "page-delete", "audit"}) {
         const CliRun r = run({command, "--help"});
         EXPECT_EQ(r.status, 0) << command;
         EXPECT_TRUE(r.out.startsWith("Ús: mervak-cli")) << command;
     }
+}
+
+// The same Template, untrusted and then in a folder MERVAK.INI trusts.
+TEST_F(CliTest, AuditListsGuardedCommandsAndTrust) {
+    QByteArray demo = test::readAll(dataPath("../../data/demo/demo.mvw"));
+    demo.replace("\"hola \"", "\"{|Executa touch x}\"");
+    QDir(dir.path()).mkpath("home");
+    test::writeAll(file("demo.mvw"), demo);
+    const QJsonObject expected{{"page", 1},
+                               {"area", 1},
+                               {"command", "EXECUTA"},
+                               {"kind", "program"},
+                               {"target", "touch x"}};
+    for (const bool trusted : {false, true}) {
+        if (trusted)
+            test::writeAll(file("home/MERVAK.INI"),
+                           "[Seguretat]\r\nCarpetesDeConfianca=" + dir.path().toUtf8() + "\r\n");
+        const CliRun r = run({"audit", file("demo.mvw"), "--json"});
+        EXPECT_EQ(r.status, 3) << r.err;
+        const QJsonObject audit = QJsonDocument::fromJson(r.out.toUtf8()).object();
+        EXPECT_EQ(audit["trusted"].toBool(), trusted);
+        EXPECT_EQ(audit["standing"].toString(), trusted ? "trusted-folder" : "unknown");
+        EXPECT_EQ(audit["guarded"].toArray(), QJsonArray{expected});
+    }
+    EXPECT_EQ(run({"audit", file("demo.mvw")}).lines().value(1),
+              "pàgina 1  àrea 1  EXECUTA  touch x");
 }
 
 TEST_F(CliTest, ConvertReportsWhatTheExportLeavesOut) {

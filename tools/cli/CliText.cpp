@@ -134,6 +134,8 @@ QString generalHelp() {
         "  page-insert FITXER PÀGINA MODEL (--before|--after) [--output SORTIDA]\n"
         "  page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
         "  page-delete FITXER PÀGINA [--output SORTIDA]\n"
+        "  audit FITXER [--json]    llista el que la plantilla faria fora de la seva carpeta\n"
+        "                           (programes, configuració, fitxers) i si és de confiança\n"
         "  action TEXT [--dry-run]  executa un ActionText (escriu a la finestra de destinació\n"
         "                           o, amb --dry-run, llista els efectes en JSON)\n"
         "\n"
@@ -189,6 +191,13 @@ QString commandHelp(const QString& command) {
         {QStringLiteral("page-paste"),
          QStringLiteral("Ús: mervak-cli page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
                         "Afegeix les àrees del MODEL a la PÀGINA.\n")},
+        {QStringLiteral("audit"),
+         QStringLiteral("Ús: mervak-cli audit FITXER [--json]\n"
+                        "Llista cada ordre que una plantilla que no és de confiança no fa sense\n"
+                        "permís (engegar programes, escriure la configuració, obrir plantilles\n"
+                        "o llegir fitxers de fora de la seva carpeta): pàgina, àrea, ordre i el\n"
+                        "que nomena, i diu si aquest usuari en té confiança. Estat de sortida 0\n"
+                        "si no n'hi ha cap, 3 si n'hi ha.\n")},
         {QStringLiteral("page-delete"),
          QStringLiteral("Ús: mervak-cli page-delete FITXER PÀGINA [--output SORTIDA]\n"
                         "Elimina la PÀGINA i les seves àrees; les pàgines següents baixen un\n"

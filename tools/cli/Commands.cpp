@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "AuditCommand.h"
 #include "CliText.h"
 #include "TemplateJson.h"
 #include "platform/Checked16.h"
@@ -270,6 +271,11 @@ int runCommand(const QString& command, const QStringList& arguments, CommandCont
          {pageInsert, {QStringLiteral("before"), QStringLiteral("after")}, true}},
         {QStringLiteral("page-paste"), {pagePaste, {}, true}},
         {QStringLiteral("page-delete"), {pageDelete, {}, true}},
+        {QStringLiteral("audit"),
+         {[](const Arguments& a, CommandContext& c) {
+              return runAudit(a.positional, a.flags.contains(QStringLiteral("json")), c);
+          },
+          {QStringLiteral("json")}}},
     };
     const auto found = commands.constFind(command);
     if (found == commands.cend()) {
