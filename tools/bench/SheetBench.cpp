@@ -13,12 +13,10 @@ using namespace mervak;
 
 namespace {
 
-// A symbol about as busy as a library one: outlined shapes and a gradient.
+// A symbol about as busy as a library one: filled and outlined shapes.
 QByteArray symbolSvg() {
     QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 72 72'>"
-                     "<defs><radialGradient id='g'><stop offset='0' stop-color='#fcea2b'/>"
-                     "<stop offset='1' stop-color='#f1b31c'/></radialGradient></defs>"
-                     "<circle cx='36' cy='36' r='30' fill='url(#g)' stroke='#000' "
+                     "<circle cx='36' cy='36' r='30' fill='#fcea2b' stroke='#000' "
                      "stroke-width='2'/>";
     for (int i = 0; i < 40; ++i)
         svg += QStringLiteral("<path d='M%1 %2 q 6 -8 12 0 t 12 0' fill='none' stroke='#000' "
