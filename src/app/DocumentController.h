@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "editor/RecentFiles.h"
 #include "session/Session.h"
+#include "sheet/PictureFiles.h"
 #include "template/Template.h"
 
 #include <QObject>
@@ -44,6 +45,8 @@ public:
     QString title() const;
     void refreshTitle();
     void refreshRecentFiles();
+    // The symbol library, for the page pictures a composed Template saves beside it.
+    void setSymbolFiles(SymbolFileLookup symbols) { symbols_ = std::move(symbols); }
 
 signals:
     // Another Template is open: read from `file`, or untitled when it is empty.
@@ -60,6 +63,7 @@ private:
     Context context_;
     MainWindow& window_;
     RecentFiles recent_;
+    SymbolFileLookup symbols_;
 };
 
 } // namespace mervak

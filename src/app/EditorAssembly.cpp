@@ -32,6 +32,11 @@ void EditorAssembly::translate(Language language) {
     document_.refreshTitle();
 }
 
+void EditorAssembly::setSymbolFiles(const SymbolFileLookup& symbols) {
+    editor_.setSymbolFiles(symbols);
+    document_.setSymbolFiles(symbols);
+}
+
 void EditorAssembly::refresh() {
     editor_.refresh();
     document_.refreshTitle();

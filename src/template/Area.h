@@ -1,7 +1,10 @@
 #pragma once
 
+#include "template/AreaCell.h"
+
 #include <QString>
 #include <cstdint>
+#include <optional>
 
 namespace mervak {
 
@@ -16,7 +19,8 @@ struct Area {
     int16_t ClipFlag = 0; // clip kind: 0 text file, 1 picture; 0 once a version 1 clip is converted
     QString Clip;         // file put on the clipboard before the ActionText runs
     QString ActionText;
-    int16_t Flags = 0; // non-zero: repeated readings of a held press fire the Area again
+    int16_t Flags = 0;            // non-zero: repeated readings of a held press fire the Area again
+    std::optional<AreaCell> Cell; // stored after the last Area record, not in the record
 
     friend bool operator==(const Area&, const Area&) = default;
 };

@@ -2,6 +2,7 @@
 
 #include "AuditCommand.h"
 #include "CliText.h"
+#include "SheetCommands.h"
 #include "TemplateJson.h"
 #include "platform/Checked16.h"
 #include "platform/HomeFolder.h"
@@ -277,6 +278,14 @@ int runCommand(const QString& command, const QStringList& arguments, CommandCont
           },
           {QStringLiteral("json")}}},
     };
+    // Commands with options of their own read their arguments themselves.
+    using OwnRunner = int (*)(const QStringList&, CommandContext&);
+    static const QHash<QString, OwnRunner> ownParsers = {
+        {QStringLiteral("render"), runRender},
+        {QStringLiteral("cell"), runCell},
+    };
+    if (const auto own = ownParsers.constFind(command); own != ownParsers.cend())
+        return own.value()(arguments, c);
     const auto found = commands.constFind(command);
     if (found == commands.cend()) {
         c.err << text(QStringLiteral("Ordre desconeguda: ")) << command << "\n\n" << generalHelp();
