@@ -1,7 +1,10 @@
 #pragma once
 
+#include "template/AreaCell.h"
+
 #include <QString>
 #include <cstdint>
+#include <optional>
 
 namespace mervak {
 
@@ -17,6 +20,7 @@ struct Area {
     QString Clip;         // file put on the clipboard before the ActionText runs
     QString ActionText;
     int16_t Flags = 0; // non-zero: repeated readings of a held press fire the Area again
+    std::optional<AreaCell> Cell; // stored after the last Area record, not in the record
 
     friend bool operator==(const Area&, const Area&) = default;
 };

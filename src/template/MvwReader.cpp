@@ -3,6 +3,7 @@
 #include "platform/Checked16.h"
 #include "platform/TextEncoding.h"
 #include "template/AreaRecord.h"
+#include "template/SheetRecords.h"
 
 namespace mervak {
 
@@ -54,22 +55,6 @@ void readAreas(FieldReader& in, Template& t, int16_t count, AreaRecordLayout lay
     }
 }
 
-// The sheet size that Mervak writes after the last record, when it is not the
-// tablet's; whatever else follows the records is ignored, as it always was.
-void readSheetSize(FieldReader& in, Template& t) {
-    try {
-        if (in.atEnd() || in.readQuoted() != sheetSizeTag())
-            return;
-        const int16_t width = in.readInteger();
-        const int16_t height = in.readInteger();
-        if (width > 0 && height > 0) {
-            t.SheetWidthMm = width;
-            t.SheetHeightMm = height;
-        }
-    } catch (const FieldError&) {
-    }
-}
-
 // Each layout reads the whole text again; `t` already holds what lines 1 and 2 said.
 void readVersion2(QStringView text, Template& t) {
     FieldReader in(text);
@@ -78,7 +63,7 @@ void readVersion2(QStringView text, Template& t) {
     const int16_t count = readCommonHeader(in, t);
     readExtraHeader(in, t);
     readAreas(in, t, count, kRecordWithoutClipFlag, false, text.size());
-    readSheetSize(in, t);
+    readSheetRecords(in, t);
 }
 
 void readSaveAsLayout(QStringView text, Template& t) {
@@ -87,13 +72,13 @@ void readSaveAsLayout(QStringView text, Template& t) {
     in.readInteger();
     const int16_t count = readCommonHeader(in, t);
     readAreas(in, t, count, kRecordWithClipFlag, false, text.size());
-    readSheetSize(in, t);
+    readSheetRecords(in, t);
 }
 
 void readVersion1(FieldReader& in, Template& t, qsizetype textSize) {
     const int16_t count = readCommonHeader(in, t);
     readAreas(in, t, count, kRecordWithClipFlag, true, textSize);
-    readSheetSize(in, t);
+    readSheetRecords(in, t);
 }
 
 void readVersion2OrSaveAs(QStringView text, Template& t) {

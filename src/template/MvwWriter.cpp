@@ -1,6 +1,7 @@
 #include "template/MvwWriter.h"
 
 #include "template/AreaRecord.h"
+#include "template/SheetRecords.h"
 
 namespace mervak {
 
@@ -36,16 +37,6 @@ void writeAreas(FieldWriter& out, const Template& t, AreaRecordLayout layout) {
         writeAreaRecord(out, t.area(i), layout);
 }
 
-// After the last record, where older readers stop: a file with the tablet's
-// size stays exactly what they wrote.
-void writeSheetSize(FieldWriter& out, const Template& t) {
-    if (t.hasTabletSheetSize())
-        return;
-    out.writeQuoted(sheetSizeTag());
-    out.writeInteger(t.SheetWidthMm);
-    out.writeInteger(t.SheetHeightMm);
-}
-
 } // namespace
 
 QByteArray writeMvw(const Template& t) {
@@ -56,7 +47,7 @@ QByteArray writeMvw(const Template& t) {
     out.writeInteger(t.sv_locutor);
     out.writeInteger(t.SV_velocitat);
     writeAreas(out, t, kRecordWithoutClipFlag);
-    writeSheetSize(out, t);
+    writeSheetRecords(out, t);
     return out.bytes();
 }
 
@@ -64,7 +55,7 @@ QByteArray writeMvwSaveAs(const Template& t) {
     FieldWriter out(expectedSize(t));
     writeCommonHeader(out, t);
     writeAreas(out, t, kRecordWithClipFlag);
-    writeSheetSize(out, t);
+    writeSheetRecords(out, t);
     return out.bytes();
 }
 

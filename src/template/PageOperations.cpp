@@ -43,6 +43,19 @@ void appendToCurrentPage(Template& t, QList<Area>& areas) {
     t.CurrentArea = 0;
 }
 
+// Page pictures follow their pages: those from `firstPage` on move by `step`,
+// and a picture whose page is deleted goes with it.
+void movePagePictures(Template& t, int16_t firstPage, int step, int16_t deletedPage = 0) {
+    QMap<int16_t, QString> moved;
+    for (auto it = t.PagePictures.cbegin(); it != t.PagePictures.cend(); ++it) {
+        if (it.key() == deletedPage)
+            continue;
+        const int page = it.key() >= firstPage ? it.key() + step : it.key();
+        moved.insert(static_cast<int16_t>(page), it.value());
+    }
+    t.PagePictures = moved;
+}
+
 } // namespace
 
 int16_t placingCode(bool index0Chosen, bool index1Chosen) {
@@ -63,6 +76,7 @@ void insertPage(Template& t, int16_t placingCode) {
     for (int i = 1; i <= t.AreaCount(); ++i)
         if (t.area(i).Page >= newPage)
             ++t.area(i).Page;
+    movePagePictures(t, newPage, 1);
     t.PageCount = pages;
     t.CurrentPage = newPage;
     t.CurrentArea = 0;
@@ -82,6 +96,7 @@ void deletePage(Template& t) {
             --a.Page;
         ++i;
     }
+    movePagePictures(t, static_cast<int16_t>(t.CurrentPage + 1), -1, t.CurrentPage);
     --t.PageCount;
     t.CurrentPage = t.PageCount;
     t.CurrentArea = 1;

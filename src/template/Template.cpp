@@ -17,6 +17,20 @@ QString windowTitle(const Template& t) {
 
 Template::Template() : TemplateFileName(untitledName()), areas_(1) {}
 
+void Template::setPagePicture(int16_t page, const QString& picture) {
+    if (picture.isEmpty())
+        PagePictures.remove(page);
+    else
+        PagePictures.insert(page, picture);
+}
+
+bool Template::isComposed() const {
+    if (!PagePictures.isEmpty())
+        return true;
+    return std::any_of(areas_.cbegin() + 1, areas_.cend(),
+                       [](const Area& a) { return a.Cell.has_value(); });
+}
+
 void Template::NewTemplate() {
     *this = Template();
 }

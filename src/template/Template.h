@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <cstdint>
 
@@ -56,6 +57,17 @@ public:
     bool hasTabletSheetSize() const {
         return SheetWidthMm == kTabletWidthMm && SheetHeightMm == kTabletHeightMm;
     }
+
+    // Each page's own background picture, stored as the other file references
+    // are; stored after the last Area record. A page without one has none.
+    QMap<int16_t, QString> PagePictures;
+    QString pagePicture(int16_t page) const { return PagePictures.value(page); }
+    void setPagePicture(int16_t page, const QString& picture);
+
+    // A composed Template draws each page from its own picture and its cells;
+    // FitxGraf then names the rendered first page, for readers that know only it.
+    // Any other Template shows FitxGraf under every page, as it always has.
+    bool isComposed() const;
 
     // Editing state, never stored.
     QString TemplateFileName;

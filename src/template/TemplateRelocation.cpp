@@ -131,6 +131,18 @@ QString actionTextRelativeInside(const QString& actionText, const QDir& folder) 
     return withReferenceNames(actionText, references, names);
 }
 
+// A cell's picture file; library symbols are not files.
+QString relocateCellPicture(FileCopier& copier, const QString& picture) {
+    if (picture.isEmpty() || isSymbolReference(picture))
+        return picture;
+    return copier.relocate(picture);
+}
+
+void relocatePagePictures(FileCopier& copier, Template& t) {
+    for (auto it = t.PagePictures.begin(); it != t.PagePictures.end(); ++it)
+        it.value() = copier.relocate(it.value());
+}
+
 } // namespace
 
 void storeRelativeInside(Template& t, const QString& folder) {
@@ -142,12 +154,17 @@ void storeRelativeInside(Template& t, const QString& folder) {
         const Area& a = std::as_const(t).area(i);
         const QString clip = relativeInside(a.Clip, dir);
         const QString text = actionTextRelativeInside(a.ActionText, dir);
-        if (clip != a.Clip || text != a.ActionText) {
+        const QString picture = a.Cell ? relativeInside(a.Cell->Picture, dir) : QString();
+        if (clip != a.Clip || text != a.ActionText || (a.Cell && picture != a.Cell->Picture)) {
             Area& changed = t.area(i);
             changed.Clip = clip;
             changed.ActionText = text;
+            if (changed.Cell)
+                changed.Cell->Picture = picture;
         }
     }
+    for (auto it = t.PagePictures.begin(); it != t.PagePictures.end(); ++it)
+        it.value() = relativeInside(it.value(), dir);
 }
 
 RelocationReport relocateFiles(Template& t, const QString& sourceFolder,
@@ -161,7 +178,11 @@ RelocationReport relocateFiles(Template& t, const QString& sourceFolder,
         if (!a.Clip.isEmpty())
             a.Clip = copier.relocate(a.Clip);
         relocateActionText(copier, a);
+        if (a.Cell)
+            a.Cell->Picture = relocateCellPicture(copier, a.Cell->Picture);
     }
+    if (!report.error)
+        relocatePagePictures(copier, t);
     return report;
 }
 

@@ -111,6 +111,44 @@ TEST(MvwFormat, TheSheetSizeFollowsTheLastRecordWhenItIsNotTheTablets) {
     EXPECT_EQ(QSize(saveAs.SheetWidthMm, saveAs.SheetHeightMm), QSize(297, 210));
 }
 
+// Cells and page pictures follow the records too, in both layouts; a broken or
+// unknown record ends what is read there and loses nothing before it.
+TEST(MvwFormat, CellsAndPagePicturesFollowTheLastRecord) {
+    const QByteArray golden = readAll(dataPath("template/golden-v2.mvw"));
+    const QByteArray page2 = "\"FonsPagina\"\r\n 2 \r\n\"fons, 2.png\"\r\n";
+    const QByteArray cell3 = "\"Cella\"\r\n 3 \r\n\"symbol:1F415\"\r\n\"gos\"\r\n 1 \r\n"
+                             "\"#FFEB3B\"\r\n\"\"\r\n";
+    Template composed = goldenVersion2();
+    composed.setPagePicture(2, QStringLiteral("fons, 2.png"));
+    composed.area(3).Cell = AreaCell{QStringLiteral("symbol:1F415"), QStringLiteral("gos"),
+                                     LabelPlacement::Above, 0xFFEB3BU, std::nullopt};
+    EXPECT_EQ(writeMvw(composed), golden + page2 + cell3);
+    for (const QByteArray& bytes : {writeMvw(composed), writeMvwSaveAs(composed)}) {
+        Template t;
+        ASSERT_FALSE(readMvw(bytes, t));
+        EXPECT_EQ(t.PagePictures, composed.PagePictures);
+        EXPECT_TRUE(t.area(3).Cell == composed.area(3).Cell);
+        EXPECT_FALSE(t.area(1).Cell.has_value());
+    }
+
+    const struct {
+        QByteArray tail;
+        bool page2Read;
+        bool cell3Read;
+    } cases[] = {{"\"Cella\"\r\n 9 \r\n\"a.png\"\r\n\"\"\r\n 0 \r\n\"\"\r\n\"\"\r\n" + page2,
+                  true, false},
+                 {page2 + "\"Cella\"\r\n 3 \r\n\"a.png\"\r\n 7 \r\n" + cell3, true, false},
+                 {"\"altres\"\r\n" + page2 + cell3, false, false},
+                 {"\"FonsPagina\"\r\n 5 \r\n\"x.png\"\r\n" + cell3, false, true}};
+    for (const auto& c : cases) {
+        Template t;
+        ASSERT_FALSE(readMvw(golden + c.tail, t)) << c.tail.data();
+        EXPECT_EQ(!t.pagePicture(2).isEmpty(), c.page2Read) << c.tail.data();
+        EXPECT_EQ(t.area(3).Cell.has_value(), c.cell3Read) << c.tail.data();
+        EXPECT_TRUE(t.PagePictures.size() <= 1) << c.tail.data();
+    }
+}
+
 // Version 0 reads nothing more; a negative revision is not newer.
 TEST(MvwFormat, VersionAndRevisionDecideTheBranch) {
     const QByteArray rest = readAll(dataPath("template/golden-v2.mvw")).mid(10);

@@ -62,6 +62,21 @@ QString layout(const Template& t) {
     return parts.join(u' ') + QStringLiteral(" /") + QString::number(t.PageCount);
 }
 
+// Pictures "f1" and "f3" on pages 1 and 3 of threePages(), where they are now.
+Template withPagePictures() {
+    Template t = threePages();
+    t.setPagePicture(1, QStringLiteral("f1"));
+    t.setPagePicture(3, QStringLiteral("f3"));
+    return t;
+}
+
+QString pagePictures(const Template& t) {
+    QStringList parts;
+    for (auto it = t.PagePictures.cbegin(); it != t.PagePictures.cend(); ++it)
+        parts.append(it.value() + u'@' + QString::number(it.key()));
+    return parts.join(u' ');
+}
+
 TEST(PageOperations, InsertPageRenumbersTheLaterPages) {
     EXPECT_EQ(placingCode(true, false), PlacingCode::Before);
     EXPECT_EQ(placingCode(false, true), PlacingCode::After);
@@ -71,18 +86,20 @@ TEST(PageOperations, InsertPageRenumbersTheLaterPages) {
         int16_t code;
         int16_t newCurrent;
         const char* layout;
+        const char* pictures;
     } cases[] = {
-        {2, PlacingCode::Before, 2, "a1@1 c1@4 b1@3 b2@3 c2@4 /4"},
-        {2, PlacingCode::After, 3, "a1@1 c1@4 b1@2 b2@2 c2@4 /4"},
-        {1, PlacingCode::Before, 1, "a1@2 c1@4 b1@3 b2@3 c2@4 /4"},
-        {3, PlacingCode::After, 4, "a1@1 c1@3 b1@2 b2@2 c2@3 /4"},
-        {1, 0, 2, "a1@1 c1@4 b1@3 b2@3 c2@4 /4"}, // any other code goes after
+        {2, PlacingCode::Before, 2, "a1@1 c1@4 b1@3 b2@3 c2@4 /4", "f1@1 f3@4"},
+        {2, PlacingCode::After, 3, "a1@1 c1@4 b1@2 b2@2 c2@4 /4", "f1@1 f3@4"},
+        {1, PlacingCode::Before, 1, "a1@2 c1@4 b1@3 b2@3 c2@4 /4", "f1@2 f3@4"},
+        {3, PlacingCode::After, 4, "a1@1 c1@3 b1@2 b2@2 c2@3 /4", "f1@1 f3@3"},
+        {1, 0, 2, "a1@1 c1@4 b1@3 b2@3 c2@4 /4", "f1@1 f3@4"}, // any other code goes after
     };
     for (const auto& c : cases) {
-        Template t = threePages();
+        Template t = withPagePictures();
         t.CurrentPage = c.current;
         insertPage(t, c.code);
         EXPECT_EQ(layout(t), QString::fromUtf8(c.layout));
+        EXPECT_EQ(pagePictures(t), c.pictures) << c.layout;
         EXPECT_EQ(t.CurrentPage, c.newCurrent) << c.layout;
         EXPECT_EQ(t.PageAreaCount, 0) << c.layout;
         EXPECT_TRUE(t.Modified) << c.layout;
@@ -95,14 +112,17 @@ TEST(PageOperations, InsertPageRenumbersTheLaterPages) {
 
 // The last page becomes current, not the next one.
 TEST(PageOperations, DeletePageRenumbersAndShowsTheLastPage) {
-    const std::pair<int16_t, const char*> cases[] = {
-        {1, "c1@2 b1@1 b2@1 c2@2 /2"}, {2, "a1@1 c1@2 c2@2 /2"}, {3, "a1@1 b1@2 b2@2 /2"}};
-    for (const auto& [current, expected] : cases) {
-        Template t = threePages();
+    const std::tuple<int16_t, const char*, const char*> cases[] = {
+        {1, "c1@2 b1@1 b2@1 c2@2 /2", "f3@2"},
+        {2, "a1@1 c1@2 c2@2 /2", "f1@1 f3@2"},
+        {3, "a1@1 b1@2 b2@2 /2", "f1@1"}};
+    for (const auto& [current, expected, pictures] : cases) {
+        Template t = withPagePictures();
         t.CurrentPage = current;
         t.CurrentArea = 2;
         deletePage(t);
         EXPECT_EQ(layout(t), QString::fromUtf8(expected));
+        EXPECT_EQ(pagePictures(t), pictures) << expected;
         EXPECT_EQ(t.CurrentPage, 2) << expected;
         EXPECT_EQ(t.CurrentArea, 1) << expected;
         EXPECT_EQ(t.PageAreaCount, 2) << expected;
