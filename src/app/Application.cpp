@@ -10,6 +10,7 @@
 #include "platform/Checked16.h"
 #include "platform/HomeFolder.h"
 #include "platform/Language.h"
+#include "sheet/SymbolLibrary.h"
 
 #include <QApplication>
 #include <QDir>
@@ -173,6 +174,7 @@ void Application::wireWindow() {
         QMessageBox box(QMessageBox::Information, Message(session_.language(), Msg::AboutTitle),
                         Message(session_.language(), Msg::AboutText), QMessageBox::NoButton,
                         &window_);
+        box.setInformativeText(symbolLibraryCredit(session_.language()));
         box.addButton(TranslateCaption(session_.language(), QStringLiteral("Acceptar")),
                       QMessageBox::AcceptRole);
         box.exec();

@@ -20,6 +20,7 @@ QString readText(const PrivateProfile& file, const QString& key, const QString& 
 }
 
 const QString kVirtualTabletKey = QStringLiteral("TeclatAuxiliar");
+const QString kPictureFoldersKey = QStringLiteral("CarpetesDibuixos");
 
 // Four integers, or a null rectangle when the value is not that.
 QRect placeFromText(const QString& text) {
@@ -74,6 +75,9 @@ Settings readSettings(const PrivateProfile& file) {
     if (!closeWord.isEmpty())
         settings.closeWord = closeWord;
     settings.virtualTabletPlace = placeFromText(readText(file, kVirtualTabletKey, QString()));
+    settings.pictureFolders =
+        file.readString(kSection, kPictureFoldersKey, QString(), 4 * kPathBufferSize)
+            .split(u';', Qt::SkipEmptyParts);
     return settings;
 }
 
@@ -89,6 +93,10 @@ bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place, QSt
                              .arg(place.width())
                              .arg(place.height());
     return file.writeString(kSection, kVirtualTabletKey, text, error);
+}
+
+bool writePictureFolders(const PrivateProfile& file, const QStringList& folders, QString* error) {
+    return file.writeString(kSection, kPictureFoldersKey, folders.join(u';'), error);
 }
 
 QString portSetting(const Settings& settings) {

@@ -5,6 +5,7 @@
 
 #include <QRect>
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 
 namespace mervak {
@@ -32,6 +33,9 @@ struct Settings {
     QString closeWord = QStringLiteral("mervak");
     // Where the user last left the virtual tablet, in screen pixels; null until then.
     QRect virtualTabletPlace;
+    // The teacher's own picture folders, searched with the symbol library
+    // ("CarpetesDibuixos", folders separated by ";").
+    QStringList pictureFolders;
 };
 
 QString settingsFilePath(const QString& homeFolder);
@@ -44,6 +48,10 @@ bool writeLanguage(const PrivateProfile& file, Language language, QString* error
 // The virtual tablet's place, stored as key "TeclatAuxiliar": "left top width height".
 bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place,
                              QString* error = nullptr);
+
+// The teacher's picture folders, stored as key "CarpetesDibuixos".
+bool writePictureFolders(const PrivateProfile& file, const QStringList& folders,
+                         QString* error = nullptr);
 
 // Takes a "Port" value as MERVAK.INI's reading does.
 void setPort(Settings& settings, const QString& port);

@@ -12,7 +12,7 @@ using SymbolFileLookup = std::function<QString(const QString& hexcode)>;
 
 // Where the pictures a sheet names are found.
 struct PictureFiles {
-    QString templateFolder;     // relative and Windows-style names resolve against it
+    QString templateFolder;      // relative and Windows-style names resolve against it
     SymbolFileLookup symbolFile; // empty: every symbol is missing
 
     // The file a cell or page picture names: a symbol's SVG, or the stored name

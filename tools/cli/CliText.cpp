@@ -118,35 +118,44 @@ QString lossText(const MvdLoss& loss) {
 
 QString generalHelp() {
     return text(QStringLiteral(
-        "Ús: mervak-cli [--home CARPETA] ORDRE ...\n"
-        "\n"
-        "Treballa amb plantilles de Mervak (.mvw versions 1 i 2, .mvd de MS-DOS)\n"
-        "i amb els models de pàgina (.mvp) de la carpeta de configuració.\n"
-        "\n"
-        "Ordres:\n"
-        "  info FITXER [--json]     capçalera i totes les àrees\n"
-        "  convert ENTRADA SORTIDA  converteix a .mvw (versió 2) o a .mvd segons SORTIDA\n"
-        "  check FITXER             llista el que cal arreglar\n"
-        "  copy FITXER CARPETA      desa la plantilla en una altra carpeta amb la làmina\n"
-        "                           i els fitxers que nomenen les àrees\n"
-        "  models                   llista els models de pàgina\n"
-        "  page-save FITXER PÀGINA MODEL\n"
-        "  page-insert FITXER PÀGINA MODEL (--before|--after) [--output SORTIDA]\n"
-        "  page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
-        "  page-delete FITXER PÀGINA [--output SORTIDA]\n"
-        "  action TEXT [--dry-run]  executa un ActionText (escriu a la finestra de destinació\n"
-        "                           o, amb --dry-run, llista els efectes en JSON)\n"
-        "\n"
-        "  --home CARPETA           la carpeta de MERVAK.INI i dels models de pàgina\n"
-        "  --help                   aquesta ajuda; mervak-cli ORDRE --help, la de l'ordre\n"
-        "  --version                la versió\n"
-        "  --                       acaba les opcions (per a un nom o un text que\n"
-        "                           comenci amb \"-\")\n"
-        "\n"
-        "Els missatges són en la llengua de MERVAK.INI (IDIOMA) o, si no n'hi ha, de LANG.\n"
-        "Estat de sortida: 0 correcte; 1 un fitxer no s'ha pogut llegir o escriure;\n"
-        "2 ordre mal escrita o un canvi que la plantilla no admet; 3 fet, però amb avisos\n"
-        "(problemes trobats o dades que el format .mvd no pot desar).\n"));
+               "Ús: mervak-cli [--home CARPETA] ORDRE ...\n"
+               "\n"
+               "Treballa amb plantilles de Mervak (.mvw versions 1 i 2, .mvd de MS-DOS)\n"
+               "i amb els models de pàgina (.mvp) de la carpeta de configuració.\n"
+               "\n"
+               "Ordres:\n"
+               "  info FITXER [--json]     capçalera i totes les àrees\n"
+               "  convert ENTRADA SORTIDA  converteix a .mvw (versió 2) o a .mvd segons SORTIDA\n"
+               "  check FITXER             llista el que cal arreglar\n"
+               "  copy FITXER CARPETA      desa la plantilla en una altra carpeta amb la làmina\n"
+               "                           i els fitxers que nomenen les àrees\n"
+               "  models                   llista els models de pàgina\n"
+               "  page-save FITXER PÀGINA MODEL\n"
+               "  page-insert FITXER PÀGINA MODEL (--before|--after) [--output SORTIDA]\n"
+               "  page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
+               "  page-delete FITXER PÀGINA [--output SORTIDA]\n"
+               "  action TEXT [--dry-run]  executa un ActionText (escriu a la finestra de "
+               "destinació\n"
+               "                           o, amb --dry-run, llista els efectes en JSON)\n"
+               "\n"
+               "  --home CARPETA           la carpeta de MERVAK.INI i dels models de pàgina\n"
+               "  --help                   aquesta ajuda; mervak-cli ORDRE --help, la de l'ordre\n"
+               "  --version                la versió\n"
+               "  --                       acaba les opcions (per a un nom o un text que\n"
+               "                           comenci amb \"-\")\n"
+               "\n"
+               "Els missatges són en la llengua de MERVAK.INI (IDIOMA) o, si no n'hi ha, de LANG.\n"
+               "Estat de sortida: 0 correcte; 1 un fitxer no s'ha pogut llegir o escriure;\n"
+               "2 ordre mal escrita o un canvi que la plantilla no admet; 3 fet, però amb avisos\n"
+               "(problemes trobats o dades que el format .mvd no pot desar).\n")) +
+           text(QStringLiteral(
+               "\n"
+               "Símbols i làmines:\n"
+               "  symbols search [--lang ca|es] [--limit N] PARAULES...\n"
+               "                           els símbols de la biblioteca que trobin les\n"
+               "                           PARAULES, el millor primer: codi, tabulació, nom\n"
+               "  sheet --words \"P1 P2 ...\" --rows F --columns C [--lang ca|es] [--nav]\n"
+               "        -o FITXER.mvw      una plantilla amb una cel·la per paraula\n"));
 }
 
 QString commandHelp(const QString& command) {
@@ -189,6 +198,23 @@ QString commandHelp(const QString& command) {
         {QStringLiteral("page-paste"),
          QStringLiteral("Ús: mervak-cli page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
                         "Afegeix les àrees del MODEL a la PÀGINA.\n")},
+        {QStringLiteral("symbols"),
+         QStringLiteral("Ús: mervak-cli symbols search [--lang ca|es] [--limit N] PARAULES...\n"
+                        "Busca a la biblioteca de símbols i a les carpetes de dibuixos del\n"
+                        "mestre (CarpetesDibuixos a MERVAK.INI) i escriu un símbol per línia,\n"
+                        "el millor primer: el codi (o el camí del dibuix), una tabulació i el\n"
+                        "nom en la llengua triada (la de Mervak si no se'n tria cap). Primer\n"
+                        "els noms exactes, després les paraules clau; no compten els accents\n"
+                        "ni les majúscules. --limit, 20 si no se'n diu cap.\n")},
+        {QStringLiteral("sheet"),
+         QStringLiteral("Ús: mervak-cli sheet --words \"P1 P2 ...\" --rows F --columns C "
+                        "[--lang ca|es] [--nav] -o FITXER.mvw\n"
+                        "Fa una plantilla nova amb una pàgina per cada F x C paraules: cada\n"
+                        "paraula en una cel·la, en ordre de lectura, amb el seu millor símbol\n"
+                        "i el seu nom; en prémer-la escriu la paraula i un espai i la diu.\n"
+                        "Les paraules van separades per espais, o per comes o línies si n'hi\n"
+                        "ha. --nav reserva a peu de pàgina les àrees de pàgina anterior i\n"
+                        "següent. Estat de sortida 3 si alguna paraula no té símbol.\n")},
         {QStringLiteral("page-delete"),
          QStringLiteral("Ús: mervak-cli page-delete FITXER PÀGINA [--output SORTIDA]\n"
                         "Elimina la PÀGINA i les seves àrees; les pàgines següents baixen un\n"

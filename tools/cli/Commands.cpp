@@ -1,6 +1,8 @@
 #include "Commands.h"
 
 #include "CliText.h"
+#include "SheetCommand.h"
+#include "SymbolsCommand.h"
 #include "TemplateJson.h"
 #include "platform/Checked16.h"
 #include "platform/HomeFolder.h"
@@ -271,6 +273,13 @@ int runCommand(const QString& command, const QStringList& arguments, CommandCont
         {QStringLiteral("page-paste"), {pagePaste, {}, true}},
         {QStringLiteral("page-delete"), {pageDelete, {}, true}},
     };
+    // Commands whose options take values read their own command line.
+    static const QHash<QString, int (*)(const QStringList&, CommandContext&)> ownParsers = {
+        {QStringLiteral("symbols"), runSymbolsCommand},
+        {QStringLiteral("sheet"), runSheetCommand},
+    };
+    if (const auto own = ownParsers.constFind(command); own != ownParsers.cend())
+        return (*own)(arguments, c);
     const auto found = commands.constFind(command);
     if (found == commands.cend()) {
         c.err << text(QStringLiteral("Ordre desconeguda: ")) << command << "\n\n" << generalHelp();
