@@ -53,10 +53,8 @@ QString SymbolLibrary::symbolFile(const QString& hexcode) const {
     return librarySymbolFile(folder_, hexcode, true);
 }
 
-SymbolFileLookup SymbolLibrary::fileLookup() const {
-    return [folder = folder_](const QString& hexcode) {
-        return librarySymbolFile(folder, hexcode, true);
-    };
+SymbolFileLookup SymbolLibrary::filesIn(const QString& folder) {
+    return [folder](const QString& hexcode) { return librarySymbolFile(folder, hexcode, true); };
 }
 
 QString SymbolLibrary::cellPicture(const Symbol& symbol) {

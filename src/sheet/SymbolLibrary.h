@@ -39,7 +39,9 @@ public:
     // The colour SVG of a library symbol; empty when there is none. Plugs into the
     // sheet's PictureFiles.
     QString symbolFile(const QString& hexcode) const;
-    SymbolFileLookup fileLookup() const;
+    SymbolFileLookup fileLookup() const { return filesIn(folder_); }
+    // The same for the library in `folder`, without reading its names.
+    static SymbolFileLookup filesIn(const QString& folder);
 
     // What a cell stores for the symbol: "symbol:" and the hexcode, or the picture's path.
     static QString cellPicture(const Symbol& symbol);

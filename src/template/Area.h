@@ -19,7 +19,7 @@ struct Area {
     int16_t ClipFlag = 0; // clip kind: 0 text file, 1 picture; 0 once a version 1 clip is converted
     QString Clip;         // file put on the clipboard before the ActionText runs
     QString ActionText;
-    int16_t Flags = 0; // non-zero: repeated readings of a held press fire the Area again
+    int16_t Flags = 0;            // non-zero: repeated readings of a held press fire the Area again
     std::optional<AreaCell> Cell; // stored after the last Area record, not in the record
 
     friend bool operator==(const Area&, const Area&) = default;

@@ -31,6 +31,13 @@ bool Template::isComposed() const {
                        [](const Area& a) { return a.Cell.has_value(); });
 }
 
+void Template::beginComposing() {
+    if (isComposed() || FitxGraf.isEmpty())
+        return;
+    for (int16_t page = 1; page <= PageCount; ++page)
+        setPagePicture(page, FitxGraf);
+}
+
 void Template::NewTemplate() {
     *this = Template();
 }

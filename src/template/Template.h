@@ -68,6 +68,10 @@ public:
     // FitxGraf then names the rendered first page, for readers that know only it.
     // Any other Template shows FitxGraf under every page, as it always has.
     bool isComposed() const;
+    // Called before the first cell or page picture: an older Template showed
+    // FitxGraf under every page, so every page takes it as its own and looks
+    // as it did.
+    void beginComposing();
 
     // Editing state, never stored.
     QString TemplateFileName;

@@ -135,11 +135,11 @@ TEST(MvwFormat, CellsAndPagePicturesFollowTheLastRecord) {
         QByteArray tail;
         bool page2Read;
         bool cell3Read;
-    } cases[] = {{"\"Cella\"\r\n 9 \r\n\"a.png\"\r\n\"\"\r\n 0 \r\n\"\"\r\n\"\"\r\n" + page2,
-                  true, false},
-                 {page2 + "\"Cella\"\r\n 3 \r\n\"a.png\"\r\n 7 \r\n" + cell3, true, false},
-                 {"\"altres\"\r\n" + page2 + cell3, false, false},
-                 {"\"FonsPagina\"\r\n 5 \r\n\"x.png\"\r\n" + cell3, false, true}};
+    } cases[] = {
+        {"\"Cella\"\r\n 9 \r\n\"a.png\"\r\n\"\"\r\n 0 \r\n\"\"\r\n\"\"\r\n" + page2, true, false},
+        {page2 + "\"Cella\"\r\n 3 \r\n\"a.png\"\r\n 7 \r\n" + cell3, true, false},
+        {"\"altres\"\r\n" + page2 + cell3, false, false},
+        {"\"FonsPagina\"\r\n 5 \r\n\"x.png\"\r\n" + cell3, false, true}};
     for (const auto& c : cases) {
         Template t;
         ASSERT_FALSE(readMvw(golden + c.tail, t)) << c.tail.data();

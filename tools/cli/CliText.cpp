@@ -134,6 +134,10 @@ QString generalHelp() {
                "  page-insert FITXER PÀGINA MODEL (--before|--after) [--output SORTIDA]\n"
                "  page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
                "  page-delete FITXER PÀGINA [--output SORTIDA]\n"
+               "  render FITXER --page P -o SORTIDA.png|SORTIDA.pdf [--dpi D]\n"
+               "                           dibuixa una pàgina tal com s'imprimeix\n"
+               "  cell FITXER --page P --area N [--symbol ID | --picture IMATGE] [--label TEXT]\n"
+               "       [--colour #RRGGBB]  canvia la cel·la de l'àrea N de la pàgina P i desa\n"
                "  action TEXT [--dry-run]  executa un ActionText (escriu a la finestra de "
                "destinació\n"
                "                           o, amb --dry-run, llista els efectes en JSON)\n"
@@ -220,6 +224,23 @@ QString commandHelp(const QString& command) {
                         "Elimina la PÀGINA i les seves àrees; les pàgines següents baixen un\n"
                         "número. L'única pàgina d'una plantilla no s'elimina (estat de\n"
                         "sortida 2).\n")},
+        {QStringLiteral("render"),
+         QStringLiteral("Ús: mervak-cli render FITXER --page P -o SORTIDA.png|SORTIDA.pdf "
+                        "[--dpi D]\n"
+                        "Dibuixa la pàgina P tal com s'imprimeix: la imatge de fons, les\n"
+                        "cel·les de les àrees i, si usa símbols de la biblioteca, la línia\n"
+                        "de crèdit. Un PNG té D punts per polzada (150 si no es diu, fins a\n"
+                        "1200); un PDF té la mida de la làmina en mil·límetres, marques a\n"
+                        "les cantonades, les etiquetes com a text i els símbols com a dibuix.\n")},
+        {QStringLiteral("cell"),
+         QStringLiteral("Ús: mervak-cli cell FITXER.mvw --page P --area N [--symbol ID | "
+                        "--picture IMATGE]\n"
+                        "       [--label TEXT] [--colour #RRGGBB]\n"
+                        "Canvia la cel·la de l'àrea N de la pàgina P (el número que mostra\n"
+                        "l'editor): el símbol de la biblioteca (el seu codi, com 1F415) o una\n"
+                        "imatge, l'etiqueta (buida: el que l'àrea escriu o diu) i el color de\n"
+                        "fons. Desa la plantilla i, al costat, una imatge PNG de cada pàgina\n"
+                        "(FitxGraf nomena la de la pàgina 1).\n")},
     };
     return text(help.value(command));
 }

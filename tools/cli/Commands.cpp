@@ -2,6 +2,7 @@
 
 #include "CliText.h"
 #include "SheetCommand.h"
+#include "SheetCommands.h"
 #include "SymbolsCommand.h"
 #include "TemplateJson.h"
 #include "platform/Checked16.h"
@@ -273,13 +274,16 @@ int runCommand(const QString& command, const QStringList& arguments, CommandCont
         {QStringLiteral("page-paste"), {pagePaste, {}, true}},
         {QStringLiteral("page-delete"), {pageDelete, {}, true}},
     };
-    // Commands whose options take values read their own command line.
-    static const QHash<QString, int (*)(const QStringList&, CommandContext&)> ownParsers = {
+    // Commands with options of their own read their arguments themselves.
+    using OwnRunner = int (*)(const QStringList&, CommandContext&);
+    static const QHash<QString, OwnRunner> ownParsers = {
+        {QStringLiteral("render"), runRender},
+        {QStringLiteral("cell"), runCell},
         {QStringLiteral("symbols"), runSymbolsCommand},
         {QStringLiteral("sheet"), runSheetCommand},
     };
     if (const auto own = ownParsers.constFind(command); own != ownParsers.cend())
-        return (*own)(arguments, c);
+        return own.value()(arguments, c);
     const auto found = commands.constFind(command);
     if (found == commands.cend()) {
         c.err << text(QStringLiteral("Ordre desconeguda: ")) << command << "\n\n" << generalHelp();

@@ -3,6 +3,7 @@
 #include "CliText.h"
 #include "SymbolsCommand.h"
 #include "platform/HomeFolder.h"
+#include "sheet/Composition.h"
 #include "sheet/SymbolLibrary.h"
 #include "sheet/WordSheet.h"
 #include "template/TemplateFile.h"
@@ -89,7 +90,7 @@ int runSheetCommand(const QStringList& arguments, CommandContext& c) {
     Template t;
     t.SoundActive = -1;
     appendWordSheet(t, request->words, request->layout, pictureFor, true, request->language);
-    const SaveOutcome saved = saveTemplate(t, request->output);
+    const SaveOutcome saved = saveWithPageImages(t, request->output, false, library.fileLookup());
     if (saved.error) {
         c.err << errorText(*saved.error, request->output) << '\n';
         return kFailure;

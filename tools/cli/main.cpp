@@ -1,11 +1,14 @@
 #include "ActionCommand.h"
 #include "CliText.h"
 #include "Commands.h"
+#include "SheetCommands.h"
 #include "platform/HomeFolder.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QTextStream>
+#include <memory>
 #include <vector>
 
 using namespace mervak;
@@ -67,7 +70,15 @@ int main(int argc, char** argv) {
     }
     if (command.first() == QLatin1String("action"))
         return runAction(all.first(), command.mid(1));
-    QCoreApplication app(argc, argv);
+    std::unique_ptr<QCoreApplication> app;
+    if (cli::drawsSheets(command.first())) {
+        // Sheets are drawn off screen, with or without a display.
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        app = std::make_unique<QGuiApplication>(argc, argv);
+    } else {
+        app = std::make_unique<QCoreApplication>(argc, argv);
+    }
     cli::CommandContext context{homeFolder, out, err};
     return cli::runCommand(command.first(), command.mid(1), context);
 }
