@@ -81,10 +81,5 @@ TEST(WordSheetTest, AddsAPagePerScreenfulWithStripAndWords) {
     EXPECT_EQ(t.area(t.areasOfPage(3)[0]).ActionText, QStringLiteral("{(}sol{)} "));
 }
 
-TEST(WordSheetTest, SpeaksInTheSheetsLanguage) {
-    EXPECT_EQ(wordActionText(QStringLiteral("perro"), true, Language::Spanish),
-              QStringLiteral("perro {|Leer perro}"));
-}
-
 } // namespace
 } // namespace mervak

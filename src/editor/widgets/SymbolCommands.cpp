@@ -57,8 +57,8 @@ void SymbolCommands::makeWordSheet() {
     const Template before = t;
     int16_t first = 0;
     try {
-        first = appendWordSheet(t, dialog.words(), dialog.layout(), pictureFor, t.SoundActive != 0,
-                                language);
+        first = appendWordSheet(t, dialog.words(), dialog.sheetLayout(), pictureFor,
+                                t.SoundActive != 0, language);
     } catch (const Overflow16&) {
         context_.showStatus(TranslateCaption(
             language, QStringLiteral("La plantilla passaria de 32767 àrees o pàgines: no s'ha "

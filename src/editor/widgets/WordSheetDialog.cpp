@@ -92,7 +92,7 @@ QStringList WordSheetDialog::words() const {
     return splitWordList(words_->toPlainText());
 }
 
-WordSheetLayout WordSheetDialog::layout() const {
+WordSheetLayout WordSheetDialog::sheetLayout() const {
     WordSheetLayout made;
     made.rows = rows_->value();
     made.columns = columns_->value();

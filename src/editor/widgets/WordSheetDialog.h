@@ -22,7 +22,7 @@ public:
     explicit WordSheetDialog(Language language, QWidget* parent = nullptr);
 
     QStringList words() const;
-    WordSheetLayout layout() const;
+    WordSheetLayout sheetLayout() const;
 
     QPlainTextEdit* wordField() const { return words_; }
     QSpinBox* rowsField() const { return rows_; }
