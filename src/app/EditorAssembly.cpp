@@ -24,7 +24,7 @@ EditorAssembly::EditorAssembly(Session& session, MainWindow& window, const Effec
                                       },
                                       effects.status},
           window),
-      libraries_(SymbolLibrary::installedFolder(), session.settings.pictureFolders),
+      libraries_(SymbolLibrary::installedFolder(), {}),
       symbols_(SymbolCommands::Context{session, editor_, window, effects.beep, effects.status},
                libraries_) {
     editor_.bindActions(window.editorActions());

@@ -68,9 +68,10 @@ struct Ranked {
 SymbolIndex::SymbolIndex(QList<Symbol> symbols) : symbols_(std::move(symbols)) {
     folded_.reserve(symbols_.size());
     for (const Symbol& symbol : symbols_) {
-        Folded folded{foldForSearch(symbol.name), {}};
+        Folded folded{foldForSearch(symbol.name), {}, {}};
         for (const QString& keyword : symbol.keywords)
             folded.keywords.append(foldForSearch(keyword));
+        folded.joined = QStringList(folded.keywords).prepend(folded.name).join(u'\n');
         folded_.push_back(std::move(folded));
     }
 }
@@ -82,6 +83,8 @@ QList<SymbolMatch> SymbolIndex::search(QStringView words, qsizetype limit) const
     std::vector<Ranked> ranked;
     for (qsizetype i = 0; i < symbols_.size(); ++i) {
         const Folded& folded = folded_[static_cast<size_t>(i)];
+        if (!folded.joined.contains(query))
+            continue;
         if (const auto kind = matchOf(folded.name, folded.keywords, query))
             ranked.push_back({*kind, !symbols_[i].ownPicture,
                               !holdsAtWordStart(folded.name, query, true), folded.name.size(), i});

@@ -25,6 +25,7 @@ private:
     struct Folded {
         QString name;
         QStringList keywords;
+        QString joined; // name and keywords, "\n" between: one look rules most symbols out
     };
     QList<Symbol> symbols_;
     std::vector<Folded> folded_;

@@ -72,6 +72,8 @@ const SymbolLibrary& SymbolLibraries::library(Language language) {
 }
 
 void SymbolLibraries::setPictureFolders(const QStringList& folders) {
+    if (folders == pictureFolders_)
+        return;
     pictureFolders_ = folders;
     read_.clear();
 }

@@ -61,7 +61,7 @@ public:
 
     const SymbolLibrary& library(Language language);
 
-    // The teacher's folders changed: the libraries are read again when next used.
+    // When the teacher's folders changed, the libraries are read again on next use.
     void setPictureFolders(const QStringList& folders);
     const QStringList& pictureFolders() const { return pictureFolders_; }
 

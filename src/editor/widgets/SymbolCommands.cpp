@@ -11,9 +11,14 @@ namespace mervak {
 SymbolCommands::SymbolCommands(Context context, SymbolLibraries& libraries, QObject* parent)
     : QObject(parent), context_(std::move(context)), libraries_(libraries) {}
 
+const SymbolLibrary& SymbolCommands::library() {
+    libraries_.setPictureFolders(context_.session.settings.pictureFolders);
+    return libraries_.library(context_.session.language());
+}
+
 QString SymbolCommands::pickSymbol(const QString& words) {
     const Language language = context_.session.language();
-    SymbolPicker picker(libraries_.library(language), language, &context_.window);
+    SymbolPicker picker(library(), language, &context_.window);
     picker.search(words);
     if (picker.exec() != QDialog::Accepted)
         return {};
@@ -45,10 +50,10 @@ void SymbolCommands::makeWordSheet() {
     WordSheetDialog dialog(language, &context_.window);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    const SymbolLibrary& library = libraries_.library(language);
+    const SymbolLibrary& searched = library();
     QStringList unmatched;
     const auto pictureFor = [&](const QString& word) {
-        const Symbol* best = library.bestFor(word);
+        const Symbol* best = searched.bestFor(word);
         if (!best)
             unmatched.append(word);
         return best ? SymbolLibrary::cellPicture(*best) : QString();

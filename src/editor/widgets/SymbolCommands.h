@@ -38,6 +38,9 @@ public:
     void makeWordSheet();
 
 private:
+    // In the interface's language, with the teacher's folders as MERVAK.INI lists them now.
+    const SymbolLibrary& library();
+
     Context context_;
     SymbolLibraries& libraries_;
 };

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
@@ -51,6 +52,7 @@ WordSheetDialog::WordSheetDialog(Language language, QWidget* parent)
     setObjectName(QStringLiteral("LaminaParaules"));
     setWindowCaption(this, QStringLiteral("Làmina de paraules"), language);
     words_->setObjectName(QStringLiteral("paraules"));
+    words_->setTabChangesFocus(true);
     words_->setPlaceholderText(
         TranslateCaption(language, QStringLiteral("gos gat vaca cavall ovella porc")));
     navigation_->setObjectName(QStringLiteral("navegacio"));
@@ -83,6 +85,9 @@ WordSheetDialog::WordSheetDialog(Language language, QWidget* parent)
     for (QSpinBox* count : {rows_, columns_})
         connect(count, &QSpinBox::valueChanged, this, &WordSheetDialog::refresh);
     connect(accept_, &QPushButton::clicked, this, &QDialog::accept);
+    // Return starts a new line in the word list; Ctrl+Return accepts, as the button does.
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), this), &QShortcut::activated,
+            accept_, &QPushButton::click);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     resize(420, 420);
     refresh();
