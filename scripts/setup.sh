@@ -20,6 +20,9 @@ packages=(
   libwayland-dev wayland-protocols sway foot wtype dbus
 )
 
+# The symbol library comes from npm, at exact versions checked against committed integrities.
+"$(dirname "$0")/fetch-symbols.sh"
+
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

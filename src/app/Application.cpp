@@ -11,6 +11,7 @@
 #include "platform/HomeFolder.h"
 #include "platform/Language.h"
 #include "session/TemplateAudit.h"
+#include "sheet/SymbolLibrary.h"
 
 #include <QApplication>
 #include <QDir>
@@ -187,6 +188,7 @@ void Application::wireWindow() {
         QMessageBox box(QMessageBox::Information, Message(session_.language(), Msg::AboutTitle),
                         Message(session_.language(), Msg::AboutText), QMessageBox::NoButton,
                         &window_);
+        box.setInformativeText(symbolLibraryCredit(session_.language()));
         box.addButton(TranslateCaption(session_.language(), QStringLiteral("Acceptar")),
                       QMessageBox::AcceptRole);
         box.exec();

@@ -3,6 +3,8 @@
 #include "action/KeysPreview.h"
 #include "editor/widgets/Captions.h"
 
+#include <QAction>
+
 namespace mervak {
 
 EditorAssembly::EditorAssembly(Session& session, MainWindow& window, const Effects& effects)
@@ -21,8 +23,16 @@ EditorAssembly::EditorAssembly(Session& session, MainWindow& window, const Effec
                                               replaced();
                                       },
                                       effects.status},
-          window) {
+          window),
+      libraries_(SymbolLibrary::installedFolder(), {}),
+      symbols_(SymbolCommands::Context{session, editor_, window, effects.beep, effects.status},
+               libraries_) {
     editor_.bindActions(window.editorActions());
+    const EditorActions& actions = window.editorActions();
+    QObject::connect(actions.chooseSymbol, &QAction::triggered, &symbols_,
+                     &SymbolCommands::chooseSymbolForArea);
+    QObject::connect(actions.wordSheet, &QAction::triggered, &symbols_,
+                     &SymbolCommands::makeWordSheet);
 }
 
 void EditorAssembly::translate(Language language) {

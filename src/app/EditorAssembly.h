@@ -3,6 +3,7 @@
 #include "app/DocumentController.h"
 #include "app/MainWindow.h"
 #include "editor/widgets/EditorController.h"
+#include "editor/widgets/SymbolCommands.h"
 #include "session/Session.h"
 
 #include <functional>
@@ -26,6 +27,7 @@ public:
 
     EditorController& editor() { return editor_; }
     DocumentController& document() { return document_; }
+    SymbolCommands& symbols() { return symbols_; }
 
     // Every caption of the editor's windows, and the title, in the language.
     void translate(Language language);
@@ -38,6 +40,8 @@ private:
     MainWindow& window_;
     EditorController editor_;
     DocumentController document_;
+    SymbolLibraries libraries_;
+    SymbolCommands symbols_;
 };
 
 } // namespace mervak

@@ -111,6 +111,8 @@ void MainWindow::buildAreaMenu() {
     editor_.deleteArea = addCaptioned(area, QStringLiteral("&Eliminar"), QKeySequence::Delete);
     editor_.maximumArea = addCaptioned(area, QStringLiteral("Àrea &Màxima"));
     editor_.subdivide = addCaptioned(area, QStringLiteral("&Subdividir"));
+    editor_.chooseSymbol = addCaptioned(area, QStringLiteral("Sím&bol de la biblioteca..."),
+                                        QKeySequence(Qt::CTRL | Qt::Key_B));
     area->addSeparator();
     editor_.previousArea =
         addCaptioned(area, QStringLiteral("Àrea anterior"), QKeySequence(Qt::CTRL | Qt::Key_Left));
@@ -162,6 +164,7 @@ void MainWindow::buildTemplateMenus() {
     QAction* sheetIcon = addCaptioned(sheet, QStringLiteral("Icona làmina"));
     sheetIcon->setCheckable(true);
     connect(sheetIcon, &QAction::toggled, this, &MainWindow::sheetIconToggled);
+    editor_.wordSheet = addCaptioned(sheet, QStringLiteral("Làmina de &paraules..."));
 }
 
 void MainWindow::buildViewMenu() {

@@ -377,6 +377,74 @@ constexpr CaptionPair kCaptions[] = {
      u"Elimina la PÁGINA y sus áreas; las páginas siguientes bajan un\n"
      u"número. La única página de una plantilla no se elimina (estado de\n"
      u"salida 2).\n"},
+    // The symbol library and sheets made from a word list.
+    {u"No es pot llegir la biblioteca de símbols: %1",
+     u"No se puede leer la biblioteca de símbolos: %1"},
+    {u"Símbols d'OpenMoji (openmoji.org), llicència CC BY-SA 4.0; noms dels símbols d'Unicode "
+     u"CLDR, llicència Unicode.",
+     u"Símbolos de OpenMoji (openmoji.org), licencia CC BY-SA 4.0; nombres de los símbolos de "
+     u"Unicode CLDR, licencia Unicode."},
+    {u"Anterior", u"Anterior"},
+    {u"Següent", u"Siguiente"},
+    {u"Cap símbol per a «%1»: la cel·la només té el text.",
+     u"Ningún símbolo para «%1»: la celda solo tiene el texto."},
+    {u"Sense símbol: %1", u"Sin símbolo: %1"},
+    {u"Símbols", u"Símbolos"},
+    {u"Escriviu una paraula: gos, casa, menjar...", u"Escriba una palabra: perro, casa, comer..."},
+    {u"Sím&bol de la biblioteca...", u"Sím&bolo de la biblioteca..."},
+    {u"Làmina de &paraules...", u"Lámina de &palabras..."},
+    {u"Làmina de paraules", u"Lámina de palabras"},
+    {u"gos gat vaca cavall ovella porc", u"perro gato vaca caballo oveja cerdo"},
+    {u"Paraules, separades per espais (o per comes, si n'hi ha de compostes):",
+     u"Palabras, separadas por espacios (o por comas, si las hay compuestas):"},
+    {u"Marge:", u"Margen:"},
+    {u"Separació:", u"Separación:"},
+    {u"Fletxes de pàgina anterior i següent", u"Flechas de página anterior y siguiente"},
+    {u"%1 paraules, %2 pàgines", u"%1 palabras, %2 páginas"},
+    {u"\n"
+     u"Símbols i làmines:\n"
+     u"  symbols search [--lang ca|es] [--limit N] PARAULES...\n"
+     u"                           els símbols de la biblioteca que trobin les\n"
+     u"                           PARAULES, el millor primer: codi, tabulació, nom\n"
+     u"  sheet --words \"P1 P2 ...\" --rows F --columns C [--lang ca|es] [--nav]\n"
+     u"        -o FITXER.mvw      una plantilla amb una cel·la per paraula\n",
+     u"\n"
+     u"Símbolos y láminas:\n"
+     u"  symbols search [--lang ca|es] [--limit N] PALABRAS...\n"
+     u"                           los símbolos de la biblioteca que encuentran las\n"
+     u"                           PALABRAS, el mejor primero: código, tabulador, nombre\n"
+     u"  sheet --words \"P1 P2 ...\" --rows F --columns C [--lang ca|es] [--nav]\n"
+     u"        -o ARCHIVO.mvw     una plantilla con una celda por palabra\n"},
+    {u"Ús: mervak-cli symbols search [--lang ca|es] [--limit N] PARAULES...\n"
+     u"Busca a la biblioteca de símbols i a les carpetes de dibuixos del\n"
+     u"mestre (CarpetesDibuixos a MERVAK.INI) i escriu un símbol per línia,\n"
+     u"el millor primer: el codi (o el camí del dibuix), una tabulació i el\n"
+     u"nom en la llengua triada (la de Mervak si no se'n tria cap). Primer\n"
+     u"els noms exactes, després les paraules clau; no compten els accents\n"
+     u"ni les majúscules. --limit, 20 si no se'n diu cap.\n",
+     u"Uso: mervak-cli symbols search [--lang ca|es] [--limit N] PALABRAS...\n"
+     u"Busca en la biblioteca de símbolos y en las carpetas de dibujos del\n"
+     u"maestro (CarpetesDibuixos en MERVAK.INI) y escribe un símbolo por línea,\n"
+     u"el mejor primero: el código (o la ruta del dibujo), un tabulador y el\n"
+     u"nombre en la lengua elegida (la de Mervak si no se elige ninguna).\n"
+     u"Primero los nombres exactos, después las palabras clave; no cuentan los\n"
+     u"acentos ni las mayúsculas. --limit, 20 si no se indica.\n"},
+    {u"Ús: mervak-cli sheet --words \"P1 P2 ...\" --rows F --columns C [--lang ca|es] [--nav] "
+     u"-o FITXER.mvw\n"
+     u"Fa una plantilla nova amb una pàgina per cada F x C paraules: cada\n"
+     u"paraula en una cel·la, en ordre de lectura, amb el seu millor símbol\n"
+     u"i el seu nom; en prémer-la escriu la paraula i un espai i la diu.\n"
+     u"Les paraules van separades per espais, o per comes o línies si n'hi\n"
+     u"ha. --nav reserva a peu de pàgina les àrees de pàgina anterior i\n"
+     u"següent. Estat de sortida 3 si alguna paraula no té símbol.\n",
+     u"Uso: mervak-cli sheet --words \"P1 P2 ...\" --rows F --columns C [--lang ca|es] [--nav] "
+     u"-o ARCHIVO.mvw\n"
+     u"Hace una plantilla nueva con una página por cada F x C palabras: cada\n"
+     u"palabra en una celda, en orden de lectura, con su mejor símbolo y su\n"
+     u"nombre; al pulsarla escribe la palabra y un espacio y la dice.\n"
+     u"Las palabras van separadas por espacios, o por comas o líneas si las\n"
+     u"hay. --nav reserva al pie de página las áreas de página anterior y\n"
+     u"siguiente. Estado de salida 3 si alguna palabra no tiene símbolo.\n"},
     {u"Ús: mervak-cli action TEXT [opcions]\n"
      u"Executa un text d'accions: escriu les tecles a la finestra de destinació i\n"
      u"executa els blocs d'ordres ({|Pagina 2}, {|Espera 1}, {|Mouse M 0 0 }...).\n"

@@ -20,6 +20,7 @@ QString readText(const PrivateProfile& file, const QString& key, const QString& 
 }
 
 const QString kVirtualTabletKey = QStringLiteral("TeclatAuxiliar");
+const QString kPictureFoldersKey = QStringLiteral("CarpetesDibuixos");
 
 // Four integers, or a null rectangle when the value is not that.
 QRect placeFromText(const QString& text) {
@@ -77,6 +78,9 @@ Settings readSettings(const PrivateProfile& file) {
     settings.trustedFolders =
         file.readString(QStringLiteral("Seguretat"), QStringLiteral("CarpetesDeConfianca"),
                         QString(), kPathBufferSize);
+    settings.pictureFolders =
+        file.readString(kSection, kPictureFoldersKey, QString(), 4 * kPathBufferSize)
+            .split(u';', Qt::SkipEmptyParts);
     return settings;
 }
 
@@ -104,6 +108,10 @@ bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place, QSt
                              .arg(place.width())
                              .arg(place.height());
     return file.writeString(kSection, kVirtualTabletKey, text, error);
+}
+
+bool writePictureFolders(const PrivateProfile& file, const QStringList& folders, QString* error) {
+    return file.writeString(kSection, kPictureFoldersKey, folders.join(u';'), error);
 }
 
 QString portSetting(const Settings& settings) {

@@ -36,6 +36,9 @@ struct Settings {
     // "CarpetesDeConfianca" of section "Seguretat", as written: folders whose
     // Templates may start programs and read files, separated by ";".
     QString trustedFolders;
+    // The teacher's own picture folders, searched with the symbol library
+    // ("CarpetesDibuixos", folders separated by ";").
+    QStringList pictureFolders;
 };
 
 QString settingsFilePath(const QString& homeFolder);
@@ -52,6 +55,10 @@ bool writeLanguage(const PrivateProfile& file, Language language, QString* error
 // The virtual tablet's place, stored as key "TeclatAuxiliar": "left top width height".
 bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place,
                              QString* error = nullptr);
+
+// The teacher's picture folders, stored as key "CarpetesDibuixos".
+bool writePictureFolders(const PrivateProfile& file, const QStringList& folders,
+                         QString* error = nullptr);
 
 // Takes a "Port" value as MERVAK.INI's reading does.
 void setPort(Settings& settings, const QString& port);

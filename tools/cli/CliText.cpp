@@ -152,7 +152,15 @@ QString generalHelp() {
         "Els missatges són en la llengua de MERVAK.INI (IDIOMA) o, si no n'hi ha, de LANG.\n"
         "Estat de sortida: 0 correcte; 1 un fitxer no s'ha pogut llegir o escriure;\n"
         "2 ordre mal escrita o un canvi que la plantilla no admet; 3 fet, però amb avisos\n"
-        "(problemes trobats o dades que el format .mvd no pot desar).\n"));
+        "(problemes trobats o dades que el format .mvd no pot desar).\n")) +
+           text(QStringLiteral(
+               "\n"
+               "Símbols i làmines:\n"
+               "  symbols search [--lang ca|es] [--limit N] PARAULES...\n"
+               "                           els símbols de la biblioteca que trobin les\n"
+               "                           PARAULES, el millor primer: codi, tabulació, nom\n"
+               "  sheet --words \"P1 P2 ...\" --rows F --columns C [--lang ca|es] [--nav]\n"
+               "        -o FITXER.mvw      una plantilla amb una cel·la per paraula\n"));
 }
 
 QString commandHelp(const QString& command) {
@@ -202,6 +210,23 @@ QString commandHelp(const QString& command) {
                         "o llegir fitxers de fora de la seva carpeta): pàgina, àrea, ordre i el\n"
                         "que nomena, i diu si aquest usuari en té confiança. Estat de sortida 0\n"
                         "si no n'hi ha cap, 3 si n'hi ha.\n")},
+        {QStringLiteral("symbols"),
+         QStringLiteral("Ús: mervak-cli symbols search [--lang ca|es] [--limit N] PARAULES...\n"
+                        "Busca a la biblioteca de símbols i a les carpetes de dibuixos del\n"
+                        "mestre (CarpetesDibuixos a MERVAK.INI) i escriu un símbol per línia,\n"
+                        "el millor primer: el codi (o el camí del dibuix), una tabulació i el\n"
+                        "nom en la llengua triada (la de Mervak si no se'n tria cap). Primer\n"
+                        "els noms exactes, després les paraules clau; no compten els accents\n"
+                        "ni les majúscules. --limit, 20 si no se'n diu cap.\n")},
+        {QStringLiteral("sheet"),
+         QStringLiteral("Ús: mervak-cli sheet --words \"P1 P2 ...\" --rows F --columns C "
+                        "[--lang ca|es] [--nav] -o FITXER.mvw\n"
+                        "Fa una plantilla nova amb una pàgina per cada F x C paraules: cada\n"
+                        "paraula en una cel·la, en ordre de lectura, amb el seu millor símbol\n"
+                        "i el seu nom; en prémer-la escriu la paraula i un espai i la diu.\n"
+                        "Les paraules van separades per espais, o per comes o línies si n'hi\n"
+                        "ha. --nav reserva a peu de pàgina les àrees de pàgina anterior i\n"
+                        "següent. Estat de sortida 3 si alguna paraula no té símbol.\n")},
         {QStringLiteral("page-delete"),
          QStringLiteral("Ús: mervak-cli page-delete FITXER PÀGINA [--output SORTIDA]\n"
                         "Elimina la PÀGINA i les seves àrees; les pàgines següents baixen un\n"

@@ -2,7 +2,9 @@
 
 #include "AuditCommand.h"
 #include "CliText.h"
+#include "SheetCommand.h"
 #include "SheetCommands.h"
+#include "SymbolsCommand.h"
 #include "TemplateJson.h"
 #include "platform/Checked16.h"
 #include "platform/HomeFolder.h"
@@ -283,6 +285,8 @@ int runCommand(const QString& command, const QStringList& arguments, CommandCont
     static const QHash<QString, OwnRunner> ownParsers = {
         {QStringLiteral("render"), runRender},
         {QStringLiteral("cell"), runCell},
+        {QStringLiteral("symbols"), runSymbolsCommand},
+        {QStringLiteral("sheet"), runSheetCommand},
     };
     if (const auto own = ownParsers.constFind(command); own != ownParsers.cend())
         return own.value()(arguments, c);

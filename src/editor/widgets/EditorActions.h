@@ -26,6 +26,8 @@ struct EditorActions {
     QAction* zoomToFit = nullptr;
     QAction* zoomIn = nullptr;
     QAction* zoomOut = nullptr;
+    QAction* chooseSymbol = nullptr; // the selected Area's picture from the symbol library
+    QAction* wordSheet = nullptr;    // pages made from a word list
 };
 
 } // namespace mervak

@@ -1,0 +1,51 @@
+#!/usr/bin/env bash
+# Refreshes the pictures of docs/sheets.md from the real program: on a private display
+# Mervak makes a sheet from a word list ("Làmina de paraules...") and opens the symbol
+# picker on its first Area; both dialogs and the editor are grabbed.
+#   scripts/screenshot-symbols.sh [BUILD_DIR]      (default build/release)
+# Needs Xvfb, openbox, xdotool and imagemagick (import), and the symbol library.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+build=${1:-build/release}
+
+if [ "${MERVAK_SHOTS_NESTED:-}" != 1 ]; then
+  exec env MERVAK_SHOTS_NESTED=1 scripts/with-display.sh "$0" "$@"
+fi
+
+work=$(mktemp -d /tmp/mervak-shots.XXXXXX)
+export XDG_RUNTIME_DIR="$work"
+mkdir -p "$work/home"
+printf '[Mervak]\r\nIDIOMA=CATALA\r\n' >"$work/home/MERVAK.INI"
+
+"$build/bin/mervak" --home "$work/home" &
+mervak=$!
+trap 'kill "$mervak" 2>/dev/null || true; rm -rf "$work"' EXIT
+
+window() { timeout 20 xdotool search --sync --onlyvisible --name "$1" | head -n 1; }
+settle() { sleep 1; }
+
+main=$(window '^Mervak - ')
+notice=$(window '^MERVAK$')
+xdotool windowfocus --sync "$notice" key Return
+xdotool windowsize --sync "$main" 940 720 windowfocus --sync "$main"
+settle
+
+# Làmina > Làmina de paraules: from the Fitxers menu four menus to the right, its "p".
+xdotool key alt+f Right Right Right Right p
+words=$(window '^Làmina de paraules$')
+settle
+xdotool type --delay 20 "gos gat vaca cavall ovella porc poma"
+xdotool key Tab Tab Tab Tab Tab space
+settle
+import -window "$words" docs/screenshot-word-sheet.png
+xdotool key ctrl+Return
+settle
+import -window "$main" docs/screenshot-word-sheet-editor.png
+
+# The first Area, and its symbol from the library.
+xdotool windowfocus --sync "$main" key ctrl+Right ctrl+b
+picker=$(window '^Símbols$')
+settle
+import -window "$picker" docs/screenshot-symbol-picker.png
+xdotool key Escape
+echo "Refreshed docs/screenshot-word-sheet.png, docs/screenshot-word-sheet-editor.png and docs/screenshot-symbol-picker.png"
