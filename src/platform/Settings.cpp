@@ -20,6 +20,7 @@ QString readText(const PrivateProfile& file, const QString& key, const QString& 
 }
 
 const QString kVirtualTabletKey = QStringLiteral("TeclatAuxiliar");
+const QString kReopenLastKey = QStringLiteral("ObrirDarrera");
 
 // Four integers, or a null rectangle when the value is not that.
 QRect placeFromText(const QString& text) {
@@ -74,6 +75,8 @@ Settings readSettings(const PrivateProfile& file) {
     if (!closeWord.isEmpty())
         settings.closeWord = closeWord;
     settings.virtualTabletPlace = placeFromText(readText(file, kVirtualTabletKey, QString()));
+    settings.reopenLastTemplate =
+        readText(file, kReopenLastKey, QStringLiteral("Si")).toUpper() != QStringLiteral("NO");
     return settings;
 }
 
@@ -89,6 +92,11 @@ bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place, QSt
                              .arg(place.width())
                              .arg(place.height());
     return file.writeString(kSection, kVirtualTabletKey, text, error);
+}
+
+bool writeReopenLastTemplate(const PrivateProfile& file, bool reopen, QString* error) {
+    return file.writeString(kSection, kReopenLastKey,
+                            reopen ? QStringLiteral("Si") : QStringLiteral("No"), error);
 }
 
 QString portSetting(const Settings& settings) {

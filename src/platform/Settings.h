@@ -32,6 +32,9 @@ struct Settings {
     QString closeWord = QStringLiteral("mervak");
     // Where the user last left the virtual tablet, in screen pixels; null until then.
     QRect virtualTabletPlace;
+    // Started without a file, the program opens the Template used last
+    // ("ObrirDarrera"; only "No" turns it off).
+    bool reopenLastTemplate = true;
 };
 
 QString settingsFilePath(const QString& homeFolder);
@@ -44,6 +47,9 @@ bool writeLanguage(const PrivateProfile& file, Language language, QString* error
 // The virtual tablet's place, stored as key "TeclatAuxiliar": "left top width height".
 bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place,
                              QString* error = nullptr);
+
+// The "ObrirDarrera" choice: "Si" or "No".
+bool writeReopenLastTemplate(const PrivateProfile& file, bool reopen, QString* error = nullptr);
 
 // Takes a "Port" value as MERVAK.INI's reading does.
 void setPort(Settings& settings, const QString& port);
