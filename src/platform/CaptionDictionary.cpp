@@ -560,7 +560,6 @@ constexpr CaptionPair kCaptions[] = {
      u"haga «Test de la tauleta»."},
     {u"L'aparell %1 (%2) no serveix de %3. Trieu-ne un altre a «Test de la tauleta».",
      u"El aparato %1 (%2) no sirve de %3. Elija otro en «Test de la tauleta»."},
-    {u"catifa de ball", u"alfombra de baile"},
     {u"tauleta USB, pantalla tàctil o pissarra digital",
      u"tableta USB, pantalla táctil o pizarra digital"},
     {u"S'ha perdut el dispositiu %1; es tornarà a fer servir quan es torni a connectar.",

@@ -3,7 +3,8 @@
 # box to dismiss and says in its status bar how to go on (F12); started again
 # without a file it reopens the Template used last; its virtual tablet opens at a
 # usable size, titled with the Template's name, and a click on it types into the
-# pupil's terminal; after a dialog the keyboard is Mervak's again.
+# pupil's terminal; after a dialog the keyboard is Mervak's again; F1 opens the
+# teacher's guide.
 #   first_hour.sh BIN_DIR SOURCE_DIR   (run inside scripts/with-display.sh)
 set -euo pipefail
 bin=$1
@@ -76,4 +77,8 @@ xdotool key --clearmodifiers Escape
 sleep 1
 active=$(xdotool getactivewindow)
 [ "$active" = "$main" ] || fail "after the dialog the focus is on '$(xdotool getwindowname "$active")'"
+
+# F1 opens the teacher's guide.
+xdotool key --clearmodifiers F1
+wait_for_window "^Guia del mestre$" >/dev/null
 echo "PASS"
