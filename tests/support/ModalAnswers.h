@@ -25,10 +25,7 @@ inline void answerModals(const QList<ModalAnswer>& answers, const std::function<
         else
             modal->close();
     };
-    const auto describe = [](QWidget* modal) {
-        return modal->metaObject()->className() + QStringLiteral(" \"") + modal->windowTitle() +
-               u'"';
-    };
+    const auto describe = [](QWidget* modal) { return modal->windowTitle().toStdString(); };
     qsizetype answered = 0;
     QPointer<QWidget> last;
     QElapsedTimer since;
