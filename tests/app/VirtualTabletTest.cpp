@@ -1,5 +1,6 @@
-#include "app/MainWindow.h"
 #include "app/VirtualTablet.h"
+
+#include "app/MainWindow.h"
 
 #include <gtest/gtest.h>
 
