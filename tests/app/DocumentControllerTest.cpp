@@ -209,10 +209,12 @@ TEST_F(DocumentControllerTest, SaveDialogsStartInTheTemplatesFolderWithMervaksFo
     };
     for (const auto& c : cases) {
         tmpl.Modified = false;
-        if (c.untitled)
+        if (c.untitled) {
             document.newTemplate();
-        else
+            workingFolder = QDir::rootPath(); // a CARREGA could have moved it there
+        } else {
             ASSERT_TRUE(document.open(named));
+        }
         QString folder;
         whenModal(
             [&c, &folder](QWidget* modal) {
