@@ -17,8 +17,9 @@ function(mervak_add_library name)
   target_link_libraries(${name} PUBLIC ${ARG_PUBLIC_LIBS} PRIVATE ${ARG_PRIVATE_LIBS})
 endfunction()
 
-# One GoogleTest executable per module. GUI tests get a QApplication and the
-# label "gui"; LABELS adds more (e2e tests that need a real X display).
+# One GoogleTest executable per module. GUI tests get a QApplication, the
+# label "gui" and a timeout of seconds; LABELS adds more (e2e tests that need a
+# real X display).
 function(mervak_add_test name)
   cmake_parse_arguments(ARG "GUI" "" "SOURCES;LIBS;LABELS;ENVIRONMENT" ${ARGN})
   if(ARG_GUI)
@@ -36,7 +37,13 @@ function(mervak_add_test name)
   if(ARG_GUI)
     target_link_libraries(${name} PRIVATE Qt6::Widgets)
   endif()
-  set(properties ENVIRONMENT "${ARG_ENVIRONMENT}" TIMEOUT 300)
+  # A GUI test waiting on a dialog nobody answers must end in seconds.
+  if(ARG_GUI)
+    set(timeout 30)
+  else()
+    set(timeout 300)
+  endif()
+  set(properties ENVIRONMENT "${ARG_ENVIRONMENT}" TIMEOUT ${timeout})
   if(ARG_LABELS)
     list(APPEND properties LABELS "${ARG_LABELS}")
   endif()

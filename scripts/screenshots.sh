@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Refreshes the pictures in docs/ from the real program: Mervak opens a composed
-# sheet on a private display, and its main window and properties dialog are
-# grabbed as a person would see them.
+# Refreshes the pictures in docs/ and in the teacher's guide (docs/guia/) from the
+# real program: Mervak opens a composed sheet on a private display, without a
+# tablet, and its main window, virtual tablet and properties dialog are grabbed
+# as a person would see them; then once more in Spanish.
 #   scripts/screenshots.sh [BUILD_DIR]      (default build/release)
 # Needs Xvfb, openbox, xdotool and imagemagick (import).
 set -euo pipefail
@@ -44,6 +45,7 @@ for cell in "1F9D2 #FFEB3B" "1F374 #8BC34A" "1F415 #FFB74D" "1F408 #FFB74D" "1F6
   "$build/bin/mervak-cli" cell "$sheet" --page 1 --area "$n" "${picture[@]}" --colour "$2"
 done
 
+mkdir -p docs/guia
 "$build/bin/mervak" --home "$work/home" "$sheet" &
 mervak=$!
 trap 'kill "$mervak" 2>/dev/null || true; rm -rf "$work"' EXIT
@@ -54,15 +56,22 @@ window() { timeout 20 xdotool search --sync --onlyvisible --name "$1" | head -n 
 settle() { sleep 1; }
 
 main=$(window '^Mervak - ')
-# Without a tablet the program says so once at start.
-notice=$(window '^MERVAK$')
-xdotool windowfocus --sync "$notice" key Return
-xdotool windowsize --sync "$main" 1000 800 windowfocus --sync "$main"
+xdotool windowsize --sync "$main" 940 720 windowfocus --sync "$main"
+# The device search ends and the status bar says what to do without a tablet.
+sleep 2
+import -window "$main" docs/guia/inici.png
+
+xdotool key F12
+tablet=$(window '^Tauleta virtual - ')
+settle
+import -window "$tablet" docs/guia/tauleta-virtual.png
+xdotool windowfocus --sync "$main" key F12
 settle
 # The first Area selected, in drawing mode, so that its handles show.
 xdotool key ctrl+Right ctrl+d
 settle
 import -window "$main" docs/screenshot-editor.png
+cp docs/screenshot-editor.png docs/guia/editor.png
 
 # Plantilla > Dades inicials: from the Fitxers menu (Alt+F) three menus to the
 # right, its first entry.
@@ -70,5 +79,17 @@ xdotool key alt+f Right Right Right Return
 properties=$(window '^Dades Inicials$')
 settle
 import -window "$properties" docs/screenshot-properties.png
+cp docs/screenshot-properties.png docs/guia/dades-inicials.png
 xdotool key Escape
-echo "Refreshed docs/screenshot-editor.png and docs/screenshot-properties.png"
+kill "$mervak"
+wait "$mervak" 2>/dev/null || true
+
+# The start once more, in Spanish, for the Spanish guide.
+printf '[Mervak]\r\nIDIOMA=ESPAÑOL\r\n' >"$work/home/MERVAK.INI"
+"$build/bin/mervak" --home "$work/home" "$sheet" &
+mervak=$!
+main=$(window '^Mervak - ')
+xdotool windowsize --sync "$main" 940 720 windowfocus --sync "$main"
+sleep 2
+import -window "$main" docs/guia/inici.es.png
+echo "Refreshed docs/screenshot-editor.png, docs/screenshot-properties.png and docs/guia/"

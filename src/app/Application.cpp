@@ -52,11 +52,12 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
     : arguments_(arguments), session_(homeFolder), locked_(locked),
       autostart_(Autostart::currentConfigFolder()), keyboard_(x11_), pointer_(x11_), windows_(x11_),
       midi_(audio_), sound_(audio_, midi_), speechEngine_(audio_), speech_(speechEngine_),
+      soundSwitch_(sound_, speech_, [this] { return session_.tmpl.SoundActive != 0; }),
       recovery_(homeFolder),
       targetTracker_(windows_, [this](WindowId window) { return isOwnWindow(window); }),
       reader_(speechEngine_) {
-    const ActionPlatform platform{keyboard_, windows_, pointer_, clipboard_, launcher_,
-                                  sound_,    speech_,  clock_,   registry_};
+    const ActionPlatform platform{keyboard_,    windows_,     pointer_, clipboard_, launcher_,
+                                  soundSwitch_, soundSwitch_, clock_,   registry_};
     runner_ = std::make_unique<ActionRunner>(
         platform, session_.actionState, [this] { return targetTitle(); },
         [this](WindowId window) { return isOwnWindow(window); });
@@ -92,12 +93,14 @@ bool Application::start() {
     readConfiguration();
     startSound();
     session_.tmpl.NewTemplate();
+    session_.tmpl.SoundActive = -1; // a new sheet is heard
     session_.tmpl.SV_velocitat = speech_.SpeechSpeed;
     applyTemplateSpeech();
     assembly_->refresh();
     if (locked_)
         window_.lock();
     window_.setStartAtLoginChecked(autostart_.isSet());
+    window_.setReopenLastChecked(session_.settings.reopenLastTemplate);
     window_.show();
     if (recovery_.exists())
         startupNotice_ =
@@ -132,14 +135,49 @@ void Application::onDeviceStartFinished(bool present) {
         return;
     if (present && openedFromCommandLine_)
         window_.showMinimized();
-    if (!present)
-        showNotice(&window_, session_.language(), tablet_->caption());
 }
 
+// Without a device the program still serves through the virtual tablet: the
+// caption says so and how, with no box to dismiss at every start.
+void Application::showTabletState(bool active, const QString& caption) {
+    const bool missing = !session_.DevicePresent && !caption.isEmpty();
+    const QString help =
+        missing ? TranslateCaption(session_.language(),
+                                   QStringLiteral("Premeu F12 per fer servir la tauleta virtual a "
+                                                  "la pantalla, o connecteu la tauleta i feu "
+                                                  "«Test de la tauleta»."))
+                : QString();
+    window_.setTabletState(active, missing ? caption + QStringLiteral(". ") + help : caption);
+    window_.setTabletHelp(missing ? caption + QStringLiteral(".\n") + help : QString());
+}
+
+void Application::setReopenLast(bool on) {
+    session_.settings.reopenLastTemplate = on;
+    QString error;
+    if (!writeReopenLastTemplate(PrivateProfile(settingsFilePath(session_.homeFolder)), on, &error))
+        setStatus(error);
+}
+
+void Application::showHelp() {
+    const QString folder = QDir(programDataFolder(QApplication::applicationDirPath()))
+                               .filePath(QStringLiteral("ajuda"));
+    const QString path = guidePath(folder, session_.language());
+    if (!help_.showGuide(path, session_.language()))
+        setStatus(TranslateCaption(session_.language(),
+                                   QStringLiteral("No es troba la guia %1. Torneu a instal·lar "
+                                                  "el paquet mervak."))
+                      .arg(path));
+}
+
+// Without a file named, the Template used last opens again, unless the
+// teacher turned that off.
 void Application::openFromCommandLine() {
     const QStringList rest = arguments_;
-    if (rest.isEmpty())
+    if (rest.isEmpty()) {
+        if (session_.settings.reopenLastTemplate)
+            document().openLast();
         return;
+    }
     const QString& path = rest.first();
     const qsizetype slash = std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/'));
     if (slash >= 0)
@@ -211,7 +249,9 @@ void Application::wireWindow() {
     connect(dispatcher_.get(), &PressDispatcher::reclaimTargetFocusRequested, this,
             [this] { targetTracker_.reclaimFocus(session_.actionState.TargetWindow); });
     connect(dispatcher_.get(), &PressDispatcher::problem, this, &Application::setStatus);
-    connect(tablet_.get(), &TabletControl::stateChanged, &window_, &MainWindow::setTabletState);
+    connect(tablet_.get(), &TabletControl::stateChanged, this, &Application::showTabletState);
+    connect(&window_, &MainWindow::reopenLastToggled, this, &Application::setReopenLast);
+    connect(&window_, &MainWindow::helpRequested, this, &Application::showHelp);
     connect(tablet_.get(), &TabletControl::pointerMoved, &virtualTablet_,
             &VirtualTablet::showPointer);
     connect(tablet_.get(), &TabletControl::startFinished, this,
@@ -308,6 +348,7 @@ void Application::applyTemplateSpeech() {
 
 void Application::translate() {
     sound_.setLanguage(session_.language());
+    soundSwitch_.setLanguage(session_.language());
     speechEngine_.setMessageLanguage(session_.language());
     assembly_->translate(session_.language());
     tablet_->retranslate();
@@ -377,6 +418,11 @@ void Application::refreshVirtualTablet() {
     sheet->setAreas(areas);
     window_.setSoundChecked(session_.tmpl.SoundActive != 0);
     refreshSheetIcon();
+    const Template& t = session_.tmpl;
+    virtualTablet_.setTemplateName(
+        t.isUntitled() ? TranslateCaption(session_.language(), QStringLiteral("(Sense nom)"))
+                       : QFileInfo(t.TemplateFileName).completeBaseName(),
+        session_.language());
 }
 
 void Application::activateTarget() {

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "action/ActionRunner.h"
+#include "action/SoundSwitch.h"
 #include "action/Speech.h"
 #include "app/DocumentController.h"
 #include "app/EditorAssembly.h"
+#include "app/FocusAfterDialogs.h"
+#include "app/HelpWindow.h"
 #include "app/MainWindow.h"
 #include "app/ReaderWindow.h"
 #include "app/TrustQuestion.h"
@@ -59,6 +62,9 @@ private:
     void applyTemplateSpeech();
     void onDeviceStartFinished(bool present);
     void openFromCommandLine();
+    void showTabletState(bool active, const QString& caption);
+    void setReopenLast(bool on);
+    void showHelp();
     void wireWindow();
     void wireEditor();
     void wireRunner();
@@ -106,6 +112,7 @@ private:
     AudioSound sound_;
     EspeakEngine speechEngine_;
     Speech speech_;
+    SoundSwitch soundSwitch_;
     NoRegistry registry_;
 
     std::unique_ptr<ActionRunner> runner_;
@@ -118,6 +125,8 @@ private:
     VirtualTablet virtualTablet_;
     ReaderWindow reader_;
     TrustQuestion trustQuestion_;
+    HelpWindow help_;
+    FocusAfterDialogs focusAfterDialogs_;
     std::unique_ptr<EditorAssembly> assembly_;
     QTimer timer2_;
 };

@@ -15,6 +15,10 @@ namespace {
 
 const QString kTemplateTitle = QStringLiteral("Carregar el fitxer de plantilla");
 const QString kSaveTitle = QStringLiteral("Enregistrar el fitxer de plantilla");
+const FileFilter kMervakTemplates{QStringLiteral("Plantilles de Mervak"),
+                                  {QStringLiteral("*.mvw")}};
+const FileFilter kMsDosTemplates{QStringLiteral("Plantilles antigues de MS-DOS"),
+                                 {QStringLiteral("*.mvd")}};
 
 // The name the save dialog offers: the file's own, except that "Desar" never
 // offers to write the ".mvw" layout over an imported ".mvd".
@@ -23,6 +27,41 @@ QString saveName(const Template& t, bool saveAs) {
     if (saveAs || file.suffix().toUpper() == QLatin1String("MVW"))
         return t.TemplateFileName;
     return file.dir().filePath(file.completeBaseName() + QStringLiteral(".mvw"));
+}
+
+// A file's problem as the teacher reads it: the numbered message with the
+// file, where and why it failed when that is known, and what to do next.
+QString withNextStep(const TemplateError& error, const QString& path, Language language) {
+    QString text = error.text(language);
+    if (!error.argument.contains(path) && error.message != Msg::FileNotFound)
+        text += QStringLiteral(" (") + path + u')';
+    if (error.line > 0)
+        text += TranslateCaption(language, QStringLiteral(", línia %1")).arg(error.line);
+    if (!error.detail.isEmpty())
+        text += QStringLiteral(": ") + error.detail;
+    const char* next = nullptr;
+    switch (error.message) {
+    case Msg::ReadError:
+    case Msg::WrongFormat:
+        next =
+            "Comproveu que és una plantilla de Mervak (.mvw o .mvd) i, si està malmesa, obriu-ne "
+            "una còpia.";
+        break;
+    case Msg::NewerVersion:
+        next = "Actualitzeu Mervak per obrir-la.";
+        break;
+    case Msg::FileNotFound:
+        next = "Poseu el fitxer a la carpeta de la plantilla i torneu-la a obrir.";
+        break;
+    case Msg::GeneralError:
+        next = "Deseu-la en una altra carpeta amb «Desar ...».";
+        break;
+    default:
+        break;
+    }
+    if (next)
+        text += u'\n' + TranslateCaption(language, QString::fromUtf8(next));
+    return text;
 }
 
 } // namespace
@@ -75,6 +114,7 @@ void DocumentController::newTemplate() {
     if (!mayDiscardChanges())
         return;
     context_.session.tmpl.NewTemplate();
+    context_.session.tmpl.SoundActive = -1; // a new sheet is heard
     refreshTitle();
     context_.templateReplaced(true);
     emit templateOpened(QString());
@@ -83,13 +123,18 @@ void DocumentController::newTemplate() {
 void DocumentController::openWithDialog() {
     if (!mayDiscardChanges())
         return;
-    const QString path =
-        chooseFileToOpen(&window_, context_.session.language(), kTemplateTitle,
-                         {{QStringLiteral("Tauleta Windows"), {QStringLiteral("*.mvw")}},
-                          {QStringLiteral("Tauleta MS-DOS"), {QStringLiteral("*.mvd")}}},
-                         startFolder(context_.session, recent_.files()));
+    const QString path = chooseFileToOpen(&window_, context_.session.language(), kTemplateTitle,
+                                          {kMervakTemplates, kMsDosTemplates},
+                                          startFolder(context_.session, recent_.files()));
     if (!path.isEmpty())
         open(path);
+}
+
+bool DocumentController::openLast() {
+    for (const QString& path : recent_.files())
+        if (QFileInfo(path).isFile())
+            return open(path);
+    return false;
 }
 
 void DocumentController::openFile(const QString& path) {
@@ -102,12 +147,12 @@ bool DocumentController::open(const QString& path) {
     const OpenOutcome outcome =
         openTemplate(context_.session.tmpl, path, context_.session.workingFolder());
     if (outcome.error) {
-        showNotice(&window_, language, outcome.error->text(language), true);
+        showNotice(&window_, language, withNextStep(*outcome.error, path, language), true);
         if (!QFileInfo::exists(path))
             recent_.remove(path);
     } else {
         if (outcome.warning)
-            showNotice(&window_, language, outcome.warning->text(language));
+            showNotice(&window_, language, withNextStep(*outcome.warning, path, language));
         // Reading appends every Area, which marks the Template as changed;
         // what was just read equals the file.
         context_.session.tmpl.Modified = false;
@@ -121,8 +166,13 @@ bool DocumentController::open(const QString& path) {
     return !outcome.error;
 }
 
+// A Template that has its own ".mvw" file is saved there without asking, as
+// in other programs; an untitled one or an imported ".mvd" asks where.
 bool DocumentController::save() {
-    return saveWithDialog(false);
+    const Template& t = context_.session.tmpl;
+    if (t.isUntitled() || QFileInfo(t.TemplateFileName).suffix().toUpper() != QLatin1String("MVW"))
+        return saveWithDialog(false);
+    return finishSave(write(t.TemplateFileName, false));
 }
 
 bool DocumentController::saveAs() {
@@ -131,13 +181,8 @@ bool DocumentController::saveAs() {
 
 bool DocumentController::saveWithDialog(bool saveAs) {
     const Template& t = context_.session.tmpl;
-    const QList<FileFilter> filters =
-        saveAs ? QList<FileFilter>{{QStringLiteral("Plantilles de tauleta Windows"),
-                                    {QStringLiteral("*.mvw")}},
-                                   {QStringLiteral("Plantilles de tauleta MS-DOS"),
-                                    {QStringLiteral("*.mvd")}}}
-               : QList<FileFilter>{
-                     {QStringLiteral("Teclat pantalla Windows"), {QStringLiteral("*.mvw")}}};
+    const QList<FileFilter> filters = saveAs ? QList<FileFilter>{kMervakTemplates, kMsDosTemplates}
+                                             : QList<FileFilter>{kMervakTemplates};
     int filter = 0;
     const QString start =
         t.isUntitled() ? startFolder(context_.session, recent_.files()) : saveName(t, saveAs);
@@ -149,7 +194,10 @@ bool DocumentController::saveWithDialog(bool saveAs) {
     // The MS-DOS filter chosen with a name typed without its extension.
     if (saveAs && filter == 1 && QFileInfo(path).suffix().toUpper() == QLatin1String("MVW"))
         path = path.left(path.size() - 3) + QStringLiteral("MVD");
-    const SaveOutcome outcome = write(path, saveAs);
+    return finishSave(write(path, saveAs));
+}
+
+bool DocumentController::finishSave(const SaveOutcome& outcome) {
     reportSave(outcome);
     refreshTitle();
     if (outcome.error)
@@ -190,12 +238,16 @@ SaveOutcome DocumentController::write(const QString& path, bool saveAs) {
 void DocumentController::reportSave(const SaveOutcome& outcome) {
     const Language language = context_.session.language();
     if (outcome.error) {
-        showNotice(&window_, language, outcome.error->text(language), true);
+        showNotice(&window_, language,
+                   withNextStep(*outcome.error, context_.session.tmpl.TemplateFileName, language),
+                   true);
         return;
     }
     if (!outcome.missingFiles.isEmpty())
         context_.showStatus(Message(language, Msg::FileNotFound) +
-                            outcome.missingFiles.join(QStringLiteral(", ")));
+                            outcome.missingFiles.join(QStringLiteral(", ")) + QStringLiteral(". ") +
+                            TranslateCaption(language, QStringLiteral("Poseu-lo a la carpeta de "
+                                                                      "la plantilla.")));
     else
         context_.showStatus(QString());
 }

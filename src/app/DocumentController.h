@@ -33,7 +33,11 @@ public:
     void openFile(const QString& path);
     // Opens without asking (the command line at start).
     bool open(const QString& path);
-    // Both show the save dialog; false when nothing was saved.
+    // Opens the newest recent file that is still there, without asking; false
+    // when there is none or it did not open.
+    bool openLast();
+    // "Desar" writes a named Template to its file; "Desar ..." and an untitled
+    // Template ask where. False when nothing was saved.
     bool save();
     bool saveAs();
 
@@ -56,6 +60,7 @@ signals:
 
 private:
     bool saveWithDialog(bool saveAs);
+    bool finishSave(const struct SaveOutcome& outcome);
     struct SaveOutcome write(const QString& path, bool saveAs);
     void reportSave(const struct SaveOutcome& outcome);
     void remember(const QString& path);

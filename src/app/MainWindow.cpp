@@ -75,6 +75,8 @@ void MainWindow::buildMenus() {
     buildViewMenu();
     buildOptionsMenu();
     QMenu* help = addCaptionedMenu(QStringLiteral("&Ajuda"));
+    connect(addCaptioned(help, QStringLiteral("&Índex de l'ajuda"), QKeySequence::HelpContents),
+            &QAction::triggered, this, &MainWindow::helpRequested);
     connect(addCaptioned(help, QStringLiteral("&Quant al Mervak...")), &QAction::triggered, this,
             &MainWindow::aboutRequested);
 }
@@ -89,10 +91,14 @@ void MainWindow::buildFilesMenu() {
     recent_ = files_->addMenu(QString());
     setCaption(recent_, QStringLiteral("Fitxers &recents"));
     recent_->setEnabled(false);
-    connect(addCaptioned(files_, QStringLiteral("&Desar"), QKeySequence::Save), &QAction::triggered,
-            this, &MainWindow::saveRequested);
-    connect(addCaptioned(files_, QStringLiteral("&Desar ..."), QKeySequence::SaveAs),
-            &QAction::triggered, this, &MainWindow::saveAsRequested);
+    QAction* save = addCaptioned(files_, QStringLiteral("&Desar"), QKeySequence::Save);
+    setToolTipCaption(save, QStringLiteral("Desa els canvis al fitxer de la plantilla"));
+    connect(save, &QAction::triggered, this, &MainWindow::saveRequested);
+    QAction* saveAs = addCaptioned(files_, QStringLiteral("&Desar ..."), QKeySequence::SaveAs);
+    setToolTipCaption(saveAs, QStringLiteral("Desa una còpia de la plantilla amb un altre nom o "
+                                             "en una altra carpeta, i continua amb la còpia"));
+    connect(saveAs, &QAction::triggered, this, &MainWindow::saveAsRequested);
+    files_->setToolTipsVisible(true);
     files_->addSeparator();
     QAction* quit = addCaptioned(files_, QStringLiteral("&Sortir"), QKeySequence::Quit);
     quit->setObjectName(QStringLiteral("Sortir"));
@@ -186,6 +192,9 @@ void MainWindow::buildOptionsMenu() {
     startAtLogin_ = addCaptioned(options, QStringLiteral("&Iniciar amb la sessió"));
     startAtLogin_->setCheckable(true);
     connect(startAtLogin_, &QAction::toggled, this, &MainWindow::startAtLoginToggled);
+    reopenLast_ = addCaptioned(options, QStringLiteral("&Obrir la darrera plantilla en iniciar"));
+    reopenLast_->setCheckable(true);
+    connect(reopenLast_, &QAction::toggled, this, &MainWindow::reopenLastToggled);
     options->addSeparator();
     // The language names read the same in either language.
     auto* languages = new QActionGroup(this);
@@ -235,14 +244,22 @@ void MainWindow::buildStatusArea() {
     modelPicture_ = new QLabel;
     tabletCaption_ = new QLabel;
     tabletCaption_->setObjectName(QStringLiteral("MsgTaulAct"));
+    tabletCaption_->setWordWrap(true);
+    tabletTestButton_ = new QToolButton;
+    tabletTestButton_->setObjectName(QStringLiteral("TestTauleta"));
+    tabletTestButton_->setDefaultAction(tabletTest_);
+    tabletTestButton_->setFocusPolicy(Qt::NoFocus);
+    tabletTestButton_->hide();
     statusCaption_ = new QLabel;
     statusCaption_->setObjectName(QStringLiteral("Label1"));
+    statusCaption_->setWordWrap(true);
     row->addWidget(tabletButton_);
     row->addWidget(modelPicture_);
     auto* captions = new QVBoxLayout;
     captions->addWidget(tabletCaption_);
     captions->addWidget(statusCaption_);
     row->addLayout(captions, 1);
+    row->addWidget(tabletTestButton_);
     statusBar()->addWidget(bar, 1);
 }
 
@@ -256,6 +273,11 @@ void MainWindow::setTabletState(bool active, const QString& caption) {
     tabletButton_->setIcon(QIcon(active ? QStringLiteral(":/icones/tauleta2.png")
                                         : QStringLiteral(":/icones/tauleta1.png")));
     tabletCaption_->setText(caption);
+}
+
+void MainWindow::setTabletHelp(const QString& help) {
+    tabletButton_->setToolTip(help);
+    tabletTestButton_->setVisible(!help.isEmpty() && tabletTest_->isVisible());
 }
 
 void MainWindow::setStatusCaption(const QString& text) {
@@ -296,6 +318,11 @@ void MainWindow::setRecentFiles(const QStringList& paths) {
     recent_->setEnabled(!paths.isEmpty());
 }
 
+void MainWindow::setReopenLastChecked(bool checked) {
+    const QSignalBlocker quiet(reopenLast_);
+    reopenLast_->setChecked(checked);
+}
+
 void MainWindow::setStartAtLoginChecked(bool checked) {
     const QSignalBlocker quiet(startAtLogin_);
     startAtLogin_->setChecked(checked);
@@ -323,6 +350,8 @@ void MainWindow::lock() {
     for (QMenu* menu : editingMenus_)
         hideWithSubmenus(menu);
     startAtLogin_->setVisible(false);
+    reopenLast_->setVisible(false);
+    tabletTestButton_->hide();
     tabletButton_->setContextMenuPolicy(Qt::NoContextMenu);
     toolBar_->hide();
     toolBar_->toggleViewAction()->setVisible(false);

@@ -36,12 +36,16 @@ public:
     void translate(Language language);
 
     void setTabletState(bool active, const QString& caption);
+    // What to do without a tablet: the tablet button's tip, and the test's
+    // button beside the caption; empty hides the button.
+    void setTabletHelp(const QString& help);
     void setStatusCaption(const QString& text);
     void setModelPicture(const QPixmap& picture);
     void setSoundChecked(bool checked);
     void setVirtualTabletChecked(bool checked);
     void setRecentFiles(const QStringList& paths);
     void setStartAtLoginChecked(bool checked);
+    void setReopenLastChecked(bool checked);
     // The tracker's calibration is offered only when the model is the colour tracker.
     void setTrackerCalibrationShown(bool shown);
 
@@ -65,6 +69,8 @@ signals:
     void soundToggled(bool on);
     void virtualTabletToggled(bool shown);
     void startAtLoginToggled(bool on);
+    void reopenLastToggled(bool on);
+    void helpRequested();
     void activateTargetRequested();
     void tabletButtonClicked();
     void tabletTestRequested();
@@ -104,6 +110,8 @@ private:
     QList<QMenu*> editingMenus_;
     QToolBar* toolBar_ = nullptr;
     QAction* startAtLogin_ = nullptr;
+    QAction* reopenLast_ = nullptr;
+    QToolButton* tabletTestButton_ = nullptr;
     QAction* trackerCalibration_ = nullptr;
     QToolButton* tabletButton_ = nullptr;
     QAction* tabletTest_ = nullptr; // also the tablet button's context menu

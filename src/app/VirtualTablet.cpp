@@ -1,15 +1,18 @@
 #include "app/VirtualTablet.h"
 
+#include <QGuiApplication>
+#include <QMenu>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace mervak {
 
 namespace {
 
 constexpr int kSide = 360;
-// Narrower than this beside the main window, the sheet is too small to press.
-constexpr int kNarrowestBeside = 240;
+// A third of the screen's width: smaller, a pupil's finger or mouse misses.
+constexpr int kScreenWidthShare = 3;
 // A stored place is used while this much of it is on the screen.
 constexpr int kVisibleEnough = 80;
 // Room for the window manager's title bar and borders, unknown before the
@@ -22,21 +25,31 @@ QSize shaped(int side, QSizeF sheet) {
                            : sheet.scaled(QSizeF(side, side), Qt::KeepAspectRatio).toSize();
 }
 
+// The sheet's shape, a third of the screen wide, and never taller than `height`.
+QSize usableSize(const QRect& screen, int height, QSizeF sheet) {
+    const QSizeF shape = sheet.isEmpty() ? QSizeF(1, 1) : sheet;
+    const int width = std::max(kSide, screen.width() / kScreenWidthShare);
+    return shape.scaled(QSizeF(width, std::max(kSide / 2, height)), Qt::KeepAspectRatio).toSize();
+}
+
 // Where the tablet opens without a place of the user's: beside the main window
 // when there is room, else in the lower right corner of `screen` (the room on
 // the screen), below the main window's menus and toolbar, which end at
 // `headerBottom`. `mainFrame` is the main window with its frame.
 QRect defaultPlace(const QRect& screen, const QRect& mainFrame, int headerBottom, QSizeF sheet) {
+    const int tallest = screen.height() - 2 * kFrameAllowance;
+    const QSize size = usableSize(screen, tallest, sheet);
     const int roomBeside = screen.right() - mainFrame.right() - kFrameAllowance;
-    if (roomBeside >= kNarrowestBeside) {
-        const QSize size = shaped(std::min(kSide, roomBeside), sheet);
+    if (roomBeside >= size.width())
         return {QPoint(mainFrame.right() + 1, std::max(screen.top(), mainFrame.top())), size};
-    }
-    QRect place(QPoint(0, 0), shaped(kSide, sheet));
+    QRect place(QPoint(0, 0), size);
     place.moveBottomRight(screen.bottomRight() - QPoint(kFrameAllowance, kFrameAllowance));
     const bool besideHeader = place.left() > mainFrame.right() || place.right() < mainFrame.left();
-    if (!besideHeader && place.top() <= headerBottom)
-        place.moveTop(headerBottom + 1);
+    if (!besideHeader && place.top() <= headerBottom) {
+        const int below = screen.bottom() - kFrameAllowance - headerBottom - kFrameAllowance;
+        place.setSize(usableSize(screen, below, sheet));
+        place.moveBottomRight(screen.bottomRight() - QPoint(kFrameAllowance, kFrameAllowance));
+    }
     return place;
 }
 
@@ -53,6 +66,51 @@ VirtualTablet::VirtualTablet(QWidget* parent)
     layout->addWidget(sheet_);
     resize(shaped(kSide, {270, 190}));
     connect(sheet_, &SheetView::pressed, this, &VirtualTablet::pressed);
+    sheet_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(sheet_, &SheetView::customContextMenuRequested, this, &VirtualTablet::showScreenMenu);
+}
+
+void VirtualTablet::setTemplateName(const QString& name, Language language) {
+    language_ = language;
+    setWindowTitle(TranslateCaption(language, QStringLiteral("Tauleta virtual")) +
+                   QStringLiteral(" - ") + name);
+}
+
+void VirtualTablet::setFullScreenOn(QScreen* screen) {
+    if (!screen) {
+        showNormal();
+        if (!windowedPlace_.isNull()) {
+            move(windowedPlace_.topLeft());
+            resize(windowedPlace_.size());
+        }
+        windowedPlace_ = {};
+        return;
+    }
+    if (!isFullScreen())
+        windowedPlace_ = place();
+    // The window moves to the screen first: full screen fills the screen it is on.
+    if (windowHandle())
+        windowHandle()->setScreen(screen);
+    setGeometry(screen->geometry());
+    showFullScreen();
+}
+
+// Each screen by its name and size, and the way back to a window.
+void VirtualTablet::showScreenMenu(QPoint at) {
+    QMenu menu;
+    for (QScreen* screen : QGuiApplication::screens()) {
+        const QString text =
+            TranslateCaption(language_, QStringLiteral("Pantalla completa a %1 (%2×%3)"))
+                .arg(screen->name())
+                .arg(screen->geometry().width())
+                .arg(screen->geometry().height());
+        connect(menu.addAction(text), &QAction::triggered, this,
+                [this, screen] { setFullScreenOn(screen); });
+    }
+    if (isFullScreen())
+        connect(menu.addAction(TranslateCaption(language_, QStringLiteral("Tornar a la finestra"))),
+                &QAction::triggered, this, [this] { setFullScreenOn(nullptr); });
+    menu.exec(sheet_->mapToGlobal(at));
 }
 
 void VirtualTablet::showBusy(bool busy) {
@@ -82,7 +140,7 @@ void VirtualTablet::showAt(const QRect& place, const QMainWindow& mainWindow, QS
 }
 
 QRect VirtualTablet::place() const {
-    return {pos(), size()};
+    return isFullScreen() && !windowedPlace_.isNull() ? windowedPlace_ : QRect(pos(), size());
 }
 
 void VirtualTablet::showEvent(QShowEvent* event) {

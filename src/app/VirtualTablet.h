@@ -2,6 +2,7 @@
 
 #include "devices/PressPoint.h"
 #include "editor/widgets/SheetView.h"
+#include "platform/Language.h"
 
 #include <QMainWindow>
 
@@ -26,8 +27,15 @@ public:
     // when there is no room beside it, never over its menus and toolbar; a new
     // place takes the shape of a sheet of `sheetMm`.
     void showAt(const QRect& place, const QMainWindow& mainWindow, QSizeF sheetMm);
-    // Where the tablet is: its frame's corner and the size inside the frame.
+    // Where the tablet is: its frame's corner and the size inside the frame;
+    // while it fills a screen, where it was before.
     QRect place() const;
+
+    // The title names the Template the pupil presses; menus speak `language`.
+    void setTemplateName(const QString& name, Language language);
+    // Fills `screen` (a right click on the sheet offers each screen), or goes
+    // back to a window where it was, with nullptr.
+    void setFullScreenOn(QScreen* screen);
 
 signals:
     void pressed(QPointF sheetPoint);
@@ -38,7 +46,11 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void showScreenMenu(QPoint at);
+
     SheetView* sheet_;
+    Language language_ = Language::Catalan;
+    QRect windowedPlace_;
 };
 
 } // namespace mervak

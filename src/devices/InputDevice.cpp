@@ -67,6 +67,20 @@ void InputDevice::setGrabbed(bool grabbed) {
 
 // The first device that serves the model; when none does and some could not be
 // read, the user learns how to grant access to the first of those.
+// What the model is, in words a teacher knows.
+QString InputDevice::kindName() const {
+    switch (kind_) {
+    case InputKind::Joystick:
+        return QStringLiteral("joystick");
+    case InputKind::DancePad:
+        return TranslateCaption(language_, QStringLiteral("catifa de ball"));
+    case InputKind::Pointing:
+        break;
+    }
+    return TranslateCaption(language_,
+                            QStringLiteral("tauleta USB, pantalla tàctil o pissarra digital"));
+}
+
 QString InputDevice::findDevice(QString* message) const {
     QString denied;
     for (const QString& path : LibevdevSource::devicePaths()) {
@@ -77,11 +91,13 @@ QString InputDevice::findDevice(QString* message) const {
         if (result.failure == OpenFailure::NoPermission && denied.isEmpty())
             denied = path;
     }
-    *message = denied.isEmpty()
-                   ? TranslateCaption(language_, QStringLiteral("No s'ha trobat cap dispositiu "
-                                                                "d'entrada per al model %1."))
-                         .arg(model_)
-                   : openFailedText(language_, denied, {OpenFailure::NoPermission, {}});
+    *message =
+        denied.isEmpty()
+            ? TranslateCaption(language_, QStringLiteral("No es troba connectat cap aparell que "
+                                                         "serveixi de %1. Comproveu que estigui "
+                                                         "endollat i feu «Test de la tauleta»."))
+                  .arg(kindName())
+            : openFailedText(language_, denied, {OpenFailure::NoPermission, {}});
     return {};
 }
 
@@ -102,9 +118,9 @@ void InputDevice::onReady() {
     const InputCapabilities& capabilities = source_->capabilities();
     if (!servesAs(capabilities, kind_)) {
         const QString message =
-            TranslateCaption(language_,
-                             QStringLiteral("El dispositiu %1 (%2) no serveix per al model %3."))
-                .arg(path_, capabilities.name, model_);
+            TranslateCaption(language_, QStringLiteral("L'aparell %1 (%2) no serveix de %3. "
+                                                       "Trieu-ne un altre a «Test de la tauleta»."))
+                .arg(path_, capabilities.name, kindName());
         stop();
         emit startFinished(false, message);
         return;

@@ -53,6 +53,7 @@ signals:
     void resumed();
 
 private:
+    QString kindName() const;
     QString findDevice(QString* message) const;
     bool openSource(QString* message);
     void onReady();

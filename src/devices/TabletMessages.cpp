@@ -36,32 +36,47 @@ QString openFailedText(Language language, const QString& port, OpenFailure failu
 }
 
 QString portLostText(Language language, const QString& port) {
-    return pick(language, "S'ha perdut la connexió amb la tauleta (%1)",
-                "Se ha perdido la conexión con la tableta (%1)")
+    return pick(language,
+                "S'ha perdut la connexió amb la tauleta (%1). Comproveu el cable i feu «Test de "
+                "la tauleta».",
+                "Se ha perdido la conexión con la tableta (%1). Compruebe el cable y haga «Test de "
+                "la tauleta».")
         .arg(port);
 }
 
 QString noAnswerText(Language language, const QString& port) {
-    return pick(language, "La tauleta del port %1 no respon.",
-                "La tableta del puerto %1 no responde.")
+    return pick(language,
+                "La tauleta del port %1 no respon. Comproveu que està endollada i engegada, i feu "
+                "«Test de la tauleta».",
+                "La tableta del puerto %1 no responde. Compruebe que está enchufada y encendida, y "
+                "haga «Test de la tauleta».")
         .arg(port);
 }
 
 QString wrongAnswerText(Language language, const QString& port) {
-    return pick(language, "El dispositiu del port %1 no ha respost com una tauleta EASY.",
-                "El dispositivo del puerto %1 no ha respondido como una tableta EASY.")
+    return pick(language,
+                "L'aparell del port %1 no ha respost com una tauleta sèrie. Trieu el port de la "
+                "tauleta a «Test de la tauleta».",
+                "El aparato del puerto %1 no ha respondido como una tableta serie. Elija el puerto "
+                "de la tableta en «Test de la tauleta».")
         .arg(port);
 }
 
 QString notTabletText(Language language, const QString& port) {
-    return pick(language, "El dispositiu del port %1 no s'identifica com una tauleta EASY.",
-                "El dispositivo del puerto %1 no se identifica como una tableta EASY.")
+    return pick(language,
+                "L'aparell del port %1 no s'identifica com una tauleta sèrie. Trieu el port de la "
+                "tauleta a «Test de la tauleta».",
+                "El aparato del puerto %1 no se identifica como una tableta serie. Elija el puerto "
+                "de la tableta en «Test de la tauleta».")
         .arg(port);
 }
 
 QString noTabletFoundText(Language language, int portsTried) {
-    return pick(language, "No s'ha trobat cap tauleta EASY als ports sèrie (%1 provats).",
-                "No se ha encontrado ninguna tableta EASY en los puertos serie (%1 probados).")
+    return pick(language,
+                "No s'ha trobat cap tauleta sèrie als ports sèrie (%1 provats). Comproveu que està "
+                "endollada i engegada, i feu «Test de la tauleta».",
+                "No se ha encontrado ninguna tableta serie en los puertos serie (%1 probados). "
+                "Compruebe que está enchufada y encendida, y haga «Test de la tauleta».")
         .arg(portsTried);
 }
 

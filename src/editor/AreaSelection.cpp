@@ -13,21 +13,25 @@ bool inRange(const Template& t, int index) {
     return index >= 1 && index <= t.AreaCount();
 }
 
-CounterTexts dashes() {
-    return {QStringLiteral("----- àrees"), QStringLiteral("----- pàgines")};
+// The page counter always tells the page: a Template has at least one.
+QString pageCounter(const Template& t) {
+    return counter(t.CurrentPage, t.PageCount, "pàgines");
+}
+
+CounterTexts dashes(const Template& t) {
+    return {QStringLiteral("----- àrees"), pageCounter(t)};
 }
 
 } // namespace
 
 CounterTexts startCounterTexts() {
-    return {counter(0, 0, "àrees"), counter(0, 0, "pàgines")};
+    return {counter(0, 0, "àrees"), counter(1, 1, "pàgines")};
 }
 
 CounterTexts counterTexts(const Template& t) {
     if (!inRange(t, t.SelectedArea))
-        return dashes();
-    return {counter(t.CurrentArea, t.PageAreaCount, "àrees"),
-            counter(t.CurrentPage, t.PageCount, "pàgines")};
+        return dashes(t);
+    return {counter(t.CurrentArea, t.PageAreaCount, "àrees"), pageCounter(t)};
 }
 
 CounterTexts SelectArea(Template& t, int index) {
@@ -35,7 +39,7 @@ CounterTexts SelectArea(Template& t, int index) {
         t.CurrentArea = 0;
         t.SelectedArea = 0;
         t.PageAreaCount = 0;
-        return dashes();
+        return dashes(t);
     }
     t.SelectedArea = static_cast<int16_t>(index);
     return counterTexts(t);

@@ -13,11 +13,11 @@ struct CounterTexts {
     friend bool operator==(const CounterTexts&, const CounterTexts&) = default;
 };
 
-// What the counters show before anything is selected: "0/0 àrees", "0/0 pàgines".
+// What the counters show before anything is selected: "0/0 àrees", "1/1 pàgines".
 CounterTexts startCounterTexts();
 
 // Selects the Area with array index `index`. Outside 1..AreaCount: CurrentArea,
-// SelectedArea and PageAreaCount become 0 and both counters show dashes.
+// SelectedArea and PageAreaCount become 0 and the area counter shows dashes.
 // Otherwise SelectedArea becomes `index` and the counters show
 // "CurrentArea/PageAreaCount àrees" and "CurrentPage/PageCount pàgines".
 CounterTexts SelectArea(Template& t, int index);
@@ -30,8 +30,9 @@ CounterTexts pickArea(Template& t, int index);
 // (CurrentArea 1); none, with the dashes, when the page has no Areas.
 CounterTexts selectFirstAreaOfPage(Template& t);
 
-// The counters for the present state: the dashes while no Area is selected,
-// else as SelectArea shows them.
+// The counters for the present state: the area counter's dashes while no Area
+// is selected, else as SelectArea shows them; the page counter always shows
+// "CurrentPage/PageCount pàgines".
 CounterTexts counterTexts(const Template& t);
 
 } // namespace mervak

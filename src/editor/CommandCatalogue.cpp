@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QtGlobal>
 
 namespace mervak {
 
@@ -67,6 +68,13 @@ QList<CommandEntry> keyEntries() {
     return keys;
 }
 
+// A page change most often leads to the page after the one being edited.
+CommandEntry nextPageEntry() {
+    CommandEntry page = entry({"Canvi de pàgina"}, "{|Pagina %1}");
+    page.nextPage = true;
+    return page;
+}
+
 QList<CommandEntry> buildEntries() {
     QList<CommandEntry> entries = keyEntries();
     entries += {
@@ -86,9 +94,14 @@ QList<CommandEntry> buildEntries() {
         entry({kMemory, "Si memòria és ..."}, "{|SIM valor {cert} {fals}}", "valor"),
         entry({kMemory, "Recupera Text Carpeta  Windows"}, "{|RCW }"),
         entry({"Tria "}, "{|Tria [a#b#c]}", "a#b#c"),
-        entry({"Canvi de pàgina"}, "{|Pagina 2}", "2"),
+        nextPageEntry(),
         entry({"Canvi de plantilla"}, "{|Carrega %1}", "", CommandFile::Template),
-        entry({"Registre"}, "{|Reg [HKEY_CURRENT_USER\\Software\\Mervak]nom=valor}", "nom=valor"),
+    };
+#ifndef Q_OS_LINUX
+    entries.append(
+        entry({"Registre"}, "{|Reg [HKEY_CURRENT_USER\\Software\\Mervak]nom=valor}", "nom=valor"));
+#endif
+    entries += {
         entry({"Tancar"}, "{|Tancar}"),
         entry({kMouse, "Moure's a..."}, "{|Mouse M x y }", "x"),
         entry({kMouse, "Amunt"}, "{|Mouse A n}", "n"),
@@ -126,10 +139,17 @@ const QList<CommandEntry>& commandEntries() {
     return entries;
 }
 
-QString commandText(const CommandEntry& entry, const QString& storedFileName) {
+QString commandText(const CommandEntry& entry, const QString& storedFileName, int currentPage) {
+    if (entry.nextPage)
+        return QString(entry.text)
+            .replace(QStringLiteral("%1"), commandPlaceholder(entry, currentPage));
     if (entry.file == CommandFile::None)
         return entry.text;
     return QString(entry.text).replace(QStringLiteral("%1"), storedFileName);
+}
+
+QString commandPlaceholder(const CommandEntry& entry, int currentPage) {
+    return entry.nextPage ? QString::number(currentPage + 1) : entry.placeholder;
 }
 
 QString storedFileName(const QString& chosenPath, const QString& workingFolder, CommandFile kind) {

@@ -15,14 +15,20 @@ struct CommandEntry {
     QString text;         // what is inserted; "%1" stands for the chosen file's name
     QString placeholder;  // the part of `text` selected afterwards for typing over; may be empty
     CommandFile file = CommandFile::None;
+    bool nextPage = false; // "%1" stands for the page after the one shown
 };
 
 // Every entry, in menu order: keys, wait, programs, sounds, speech, pasting,
-// memory, choice, page and Template change, registry, closing, and the mouse.
+// memory, choice, page and Template change, registry (where the system has
+// one), closing, and the mouse.
 const QList<CommandEntry>& commandEntries();
 
-// The text an entry inserts, with the stored file name in place of "%1".
-QString commandText(const CommandEntry& entry, const QString& storedFileName = {});
+// The text an entry inserts, with the stored file name in place of "%1", or
+// the page after `currentPage` for a page change.
+QString commandText(const CommandEntry& entry, const QString& storedFileName = {},
+                    int currentPage = 1);
+// The part of that text selected afterwards for typing over.
+QString commandPlaceholder(const CommandEntry& entry, int currentPage = 1);
 
 // A chosen file's name as an ActionText stores it: relative to `workingFolder`
 // (with "\" between folders, as stored names always had) when the file lies

@@ -84,7 +84,8 @@ QString startFolder(const Session& session, const QStringList& recentFiles) {
     const auto same = [](const QString& a, const QString& b) {
         return QDir::cleanPath(QDir(a).absolutePath()) == QDir::cleanPath(QDir(b).absolutePath());
     };
-    if (!session.workingFolder().isEmpty() && !same(session.workingFolder(), session.homeFolder))
+    if (!session.workingFolder().isEmpty() && !same(session.workingFolder(), session.homeFolder) &&
+        !same(session.workingFolder(), QDir::rootPath()))
         return session.workingFolder();
     for (const QString& file : recentFiles) {
         const QFileInfo recent(file);

@@ -40,7 +40,7 @@ QStringList recentFileLabels(const QStringList& paths);
 
 // Where the file dialogs start: the open Template's folder. For an untitled
 // Template, the working folder unless that is still the home folder (MERVAK.INI
-// and the undo snapshot are no place for a teacher's files), then the folder of
+// and the undo snapshot are no place for a teacher's files) or the root, then the folder of
 // the newest of `recentFiles` that still exists, else the user's documents.
 QString startFolder(const Session& session, const QStringList& recentFiles);
 

@@ -21,6 +21,7 @@ QString readText(const PrivateProfile& file, const QString& key, const QString& 
 
 const QString kVirtualTabletKey = QStringLiteral("TeclatAuxiliar");
 const QString kPictureFoldersKey = QStringLiteral("CarpetesDibuixos");
+const QString kReopenLastKey = QStringLiteral("ObrirDarrera");
 
 // Four integers, or a null rectangle when the value is not that.
 QRect placeFromText(const QString& text) {
@@ -81,6 +82,8 @@ Settings readSettings(const PrivateProfile& file) {
     settings.pictureFolders =
         file.readString(kSection, kPictureFoldersKey, QString(), 4 * kPathBufferSize)
             .split(u';', Qt::SkipEmptyParts);
+    settings.reopenLastTemplate =
+        readText(file, kReopenLastKey, QStringLiteral("Si")).toUpper() != QStringLiteral("NO");
     return settings;
 }
 
@@ -112,6 +115,11 @@ bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place, QSt
 
 bool writePictureFolders(const PrivateProfile& file, const QStringList& folders, QString* error) {
     return file.writeString(kSection, kPictureFoldersKey, folders.join(u';'), error);
+}
+
+bool writeReopenLastTemplate(const PrivateProfile& file, bool reopen, QString* error) {
+    return file.writeString(kSection, kReopenLastKey,
+                            reopen ? QStringLiteral("Si") : QStringLiteral("No"), error);
 }
 
 QString portSetting(const Settings& settings) {

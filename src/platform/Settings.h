@@ -39,6 +39,9 @@ struct Settings {
     // The teacher's own picture folders, searched with the symbol library
     // ("CarpetesDibuixos", folders separated by ";").
     QStringList pictureFolders;
+    // Started without a file, the program opens the Template used last
+    // ("ObrirDarrera"; only "No" turns it off).
+    bool reopenLastTemplate = true;
 };
 
 QString settingsFilePath(const QString& homeFolder);
@@ -59,6 +62,8 @@ bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place,
 // The teacher's picture folders, stored as key "CarpetesDibuixos".
 bool writePictureFolders(const PrivateProfile& file, const QStringList& folders,
                          QString* error = nullptr);
+// The "ObrirDarrera" choice: "Si" or "No".
+bool writeReopenLastTemplate(const PrivateProfile& file, bool reopen, QString* error = nullptr);
 
 // Takes a "Port" value as MERVAK.INI's reading does.
 void setPort(Settings& settings, const QString& port);

@@ -45,7 +45,8 @@ protected:
     static void chooseFile(QWidget* modal, const QString& file) {
         auto* dialog = qobject_cast<QFileDialog*>(modal);
         ASSERT_NE(dialog, nullptr);
-        dialog->selectFile(file);
+        // Typed whole: selectFile() races the dialog's listing of the start folder.
+        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(file);
         QMetaObject::invokeMethod(dialog, "accept");
     }
 
@@ -69,23 +70,13 @@ TEST_F(DocumentControllerTest, CancelKeepsTheUnsavedTemplateNoDropsItAndOpens) {
 
 TEST_F(DocumentControllerTest, YesSavesFirstThroughTheSaveDialog) {
     const QString first = QDir(home.path()).filePath(QStringLiteral("primera.mvw"));
-    whenModal(
-        [this, first](QWidget* modal) {
-            buttonNamed(modal, QStringLiteral("&Sí"))->click();
-            auto* poll = new QTimer(modal->parent());
-            QObject::connect(poll, &QTimer::timeout, [poll, first] {
-                auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-                if (!dialog)
-                    return;
-                poll->deleteLater();
-                poll->stop();
-                EXPECT_EQ(dialog->windowTitle(),
-                          QStringLiteral("Enregistrar el fitxer de plantilla"));
-                chooseFile(dialog, first);
-            });
-            poll->start(10);
-        },
-        [this] { document.openFile(path); });
+    answerModals({[](QWidget* modal) { buttonNamed(modal, QStringLiteral("&Sí"))->click(); },
+                  [first](QWidget* modal) {
+                      EXPECT_EQ(modal->windowTitle(),
+                                QStringLiteral("Enregistrar el fitxer de plantilla"));
+                      chooseFile(modal, first);
+                  }},
+                 [this] { document.openFile(path); });
     Template written;
     ASSERT_FALSE(loadTemplateFile(first, written));
     EXPECT_EQ(written.area(1).ActionText, QStringLiteral("sense desar"));
@@ -159,11 +150,8 @@ TEST_F(DocumentControllerTest, FilesBesideTheTemplateAreStoredRelativeToIt) {
     const auto saveAnswering = [this](const QString& file, QString* startedIn) {
         whenModal(
             [file, startedIn](QWidget* modal) {
-                auto* dialog = qobject_cast<QFileDialog*>(modal);
-                *startedIn = dialog->directory().absolutePath();
-                // Typed whole: selectFile() races the dialog's listing of the start folder.
-                dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(file);
-                QMetaObject::invokeMethod(dialog, "accept");
+                *startedIn = qobject_cast<QFileDialog*>(modal)->directory().absolutePath();
+                chooseFile(modal, file);
             },
             [this] { EXPECT_TRUE(document.save()); });
     };
@@ -181,6 +169,81 @@ TEST_F(DocumentControllerTest, FilesBesideTheTemplateAreStoredRelativeToIt) {
     workingFolder = home.path(); // as at start
     saveAnswering(folder.filePath(QStringLiteral("altra.mvw")), &startedIn);
     EXPECT_EQ(startedIn, folder.absolutePath()) << "the folder used last";
+}
+
+// "Desar" (Ctrl+S) on a Template with its own file writes it there, with no dialog.
+TEST_F(DocumentControllerTest, SaveWritesANamedTemplateWithoutADialog) {
+    tmpl.Modified = false;
+    ASSERT_TRUE(document.open(path));
+    tmpl.area(1).ActionText = QStringLiteral("canviat");
+    tmpl.Modified = true;
+    QAction* save = nullptr;
+    for (QAction* action : window.filesMenu()->actions())
+        if (action->shortcut() == QKeySequence(QKeySequence::Save))
+            save = action;
+    ASSERT_NE(save, nullptr);
+    EXPECT_FALSE(save->toolTip().isEmpty());
+    answerModals({}, [save] { save->trigger(); });
+    Template written;
+    ASSERT_FALSE(loadTemplateFile(path, written));
+    EXPECT_EQ(written.area(1).ActionText, QStringLiteral("canviat"));
+    EXPECT_FALSE(tmpl.Modified);
+}
+
+// The save dialogs name Mervak's own formats and start in the Template's
+// folder, or, for a new Template, anywhere but the settings folder.
+TEST_F(DocumentControllerTest, SaveDialogsStartInTheTemplatesFolderWithMervaksFormats) {
+    QTemporaryDir classe;
+    const QString named = QDir(classe.path()).filePath(QStringLiteral("joc.mvw"));
+    ASSERT_FALSE(saveTemplate(tmpl, named).error);
+    const struct {
+        bool untitled;
+        bool saveAs;
+        QStringList filters;
+    } cases[] = {
+        {true, false, {QStringLiteral("Plantilles de Mervak (*.mvw *.MVW)")}},
+        {false,
+         true,
+         {QStringLiteral("Plantilles de Mervak (*.mvw *.MVW)"),
+          QStringLiteral("Plantilles antigues de MS-DOS (*.mvd *.MVD)")}},
+    };
+    for (const auto& c : cases) {
+        tmpl.Modified = false;
+        if (c.untitled) {
+            document.newTemplate();
+            workingFolder = QDir::rootPath(); // a CARREGA could have moved it there
+        } else {
+            ASSERT_TRUE(document.open(named));
+        }
+        QString folder;
+        whenModal(
+            [&c, &folder](QWidget* modal) {
+                auto* dialog = qobject_cast<QFileDialog*>(modal);
+                ASSERT_NE(dialog, nullptr);
+                EXPECT_EQ(dialog->nameFilters(), c.filters) << c.saveAs;
+                folder = dialog->directory().absolutePath();
+                dialog->reject();
+            },
+            [this, &c] { c.saveAs ? document.saveAs() : document.save(); });
+        if (c.untitled)
+            EXPECT_TRUE(folder != QDir(home.path()).absolutePath() && folder != QDir::rootPath())
+                << folder.toStdString();
+        else
+            EXPECT_EQ(folder, QDir(classe.path()).absolutePath());
+    }
+}
+
+TEST_F(DocumentControllerTest, TheLastTemplateOpensAgainWhileItIsThere) {
+    tmpl.Modified = false;
+    EXPECT_FALSE(document.openLast()) << "nothing used yet";
+    ASSERT_TRUE(document.open(path));
+    document.newTemplate();
+    ASSERT_TRUE(document.openLast());
+    EXPECT_EQ(tmpl.TemplateFileName, path);
+    QFile::remove(path);
+    document.newTemplate();
+    EXPECT_FALSE(document.openLast());
+    EXPECT_TRUE(tmpl.isUntitled());
 }
 
 TEST_F(DocumentControllerTest, AnUnchangedTemplateIsReplacedWithoutAsking) {

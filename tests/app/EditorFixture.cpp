@@ -53,23 +53,8 @@ void EditorFixture::clickOnSheet(QPointF at) {
     send(sheet, QEvent::MouseButtonRelease, widgetPoint(at), Qt::NoButton);
 }
 
-void EditorFixture::whenModal(const std::function<void(QWidget*)>& answer,
-                              const std::function<void()>& open) {
-    auto* poll = new QTimer;
-    poll->setInterval(10);
-    bool answered = false;
-    QObject::connect(poll, &QTimer::timeout, [poll, answer, &answered] {
-        if (QWidget* modal = QApplication::activeModalWidget()) {
-            poll->stop();
-            answered = true;
-            answer(modal);
-        }
-    });
-    poll->start();
-    open();
-    poll->stop();
-    delete poll;
-    EXPECT_TRUE(answered) << "no dialog showed";
+void EditorFixture::whenModal(const ModalAnswer& answer, const std::function<void()>& open) {
+    answerModals({answer}, open);
 }
 
 } // namespace mervak::test

@@ -2,6 +2,7 @@
 
 #include "app/EditorAssembly.h"
 #include "editor/widgets/EditorController.h"
+#include "support/ModalAnswers.h"
 #include "support/TestAreas.h"
 
 #include <QApplication>
@@ -28,8 +29,8 @@ protected:
     void dragOnSheet(QPointF from, QPointF to);
     void clickOnSheet(QPointF at);
 
-    // Runs `answer` on the next modal dialog once it shows, while `open` waits for it.
-    void whenModal(const std::function<void(QWidget*)>& answer, const std::function<void()>& open);
+    // Runs `answer` on the one modal dialog `open` shows (see answerModals).
+    void whenModal(const ModalAnswer& answer, const std::function<void()>& open);
 
     SheetRect rectAt(int16_t index) const { return rectOf(tmpl.area(index)); }
 

@@ -191,7 +191,8 @@ TEST_F(EasyTabletTest, APortLostDuringSetUpFailsTheStart) {
     ASSERT_EQ(finished.size(), 1);
     EXPECT_FALSE(finished[0][0].toBool());
     EXPECT_EQ(finished[0][1].toString(),
-              QString::fromUtf8("Se ha perdido la conexión con la tableta (/dev/ttyFAKE0)"));
+              QString::fromUtf8("Se ha perdido la conexión con la tableta (/dev/ttyFAKE0). "
+                                "Compruebe el cable y haga «Test de la tauleta»."));
     EXPECT_FALSE(finished.wait(kMinReplyWaitMs * 2)); // the abandoned wait stays quiet
 }
 

@@ -239,17 +239,19 @@ TEST_F(AreaEditorTest, PagesChangeOnlyToExistingOnes) {
     EXPECT_EQ(beeps, 0);
 }
 
-TEST_F(AreaEditorTest, CountersStartAtZeroThenShowDashesWithoutASelection) {
-    const CounterTexts dashes{QStringLiteral("----- àrees"), QStringLiteral("----- pàgines")};
+TEST_F(AreaEditorTest, CountersStartAtOnePageThenShowAreaDashesWithoutASelection) {
     Session empty{home.path()};
     AreaEditor start{{empty, snapshot, [] {}}};
     start.reset(); // the empty Template the program starts with
     EXPECT_EQ(start.counters(),
-              (CounterTexts{QStringLiteral("0/0 àrees"), QStringLiteral("0/0 pàgines")}));
+              (CounterTexts{QStringLiteral("0/0 àrees"), QStringLiteral("1/1 pàgines")}));
     start.select(0);
-    EXPECT_EQ(start.counters(), dashes);
+    EXPECT_EQ(start.counters(),
+              (CounterTexts{QStringLiteral("----- àrees"), QStringLiteral("1/1 pàgines")}));
     editor.reset(); // a Template with Areas, as one opened
-    EXPECT_EQ(editor.counters(), dashes);
+    EXPECT_EQ(editor.counters().MsgArea, QStringLiteral("----- àrees"));
+    EXPECT_EQ(editor.counters().MsgPagina,
+              QStringLiteral("%1/%2 pàgines").arg(tmpl.CurrentPage).arg(tmpl.PageCount));
 }
 
 } // namespace

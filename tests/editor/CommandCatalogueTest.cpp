@@ -31,6 +31,17 @@ TEST(CommandCatalogue, CommandsTakeTheirPlaceholderOrTheChosenName) {
               QStringLiteral("{|Sona sons\\BELL.WAV}"));
     EXPECT_EQ(commandText(entryAt({QStringLiteral("Canvi de plantilla")}), QStringLiteral("b.mvw")),
               QStringLiteral("{|Carrega b.mvw}"));
+    const CommandEntry& page = entryAt({QStringLiteral("Canvi de pàgina")});
+    for (const int shown : {1, 3})
+        EXPECT_EQ(commandText(page, {}, shown) + commandPlaceholder(page, shown),
+                  QStringLiteral("{|Pagina %1}%1").arg(shown + 1))
+            << "the page after the one shown";
+}
+
+// Linux has no registry to write: the menu does not offer it.
+TEST(CommandCatalogue, NoRegistryCommandOnLinux) {
+    for (const CommandEntry& entry : commandEntries())
+        EXPECT_FALSE(entry.text.startsWith(QStringLiteral("{|Reg "))) << entry.text;
 }
 
 TEST(CommandCatalogue, EveryCaptionHasItsSpanishForm) {

@@ -35,6 +35,9 @@ ready=$(date +%s.%N)
 kill %1
 
 mervak-cli --version | grep -q "^mervak-cli "
+for guide in guia.md guia.es.md guia/inici.png; do
+  [ -f "/usr/share/mervak/ajuda/$guide" ] || { echo "the guide's $guide is not installed" >&2; exit 1; }
+done
 cp "$build/share/mervak/demo/demo.mvw" "$work/sheet.mvw"
 type=$(xdg-mime query filetype "$work/sheet.mvw")
 [ "$type" = application/x-mervak-template ] || { echo "file type: $type" >&2; exit 1; }

@@ -188,5 +188,20 @@ TEST(Settings, LanguageChoiceIsStoredAsIdioma) {
     EXPECT_EQ(test::readAll(path), QByteArray("[Mervak]\r\nIDIOMA=ESPA\xd1OL\r\n"));
 }
 
+TEST(Settings, ReopeningTheLastTemplateIsOnUnlessNo) {
+    const std::pair<QByteArray, bool> cases[] = {{"", true},
+                                                 {"ObrirDarrera=no", false},
+                                                 {"ObrirDarrera=Si", true},
+                                                 {"ObrirDarrera=x", true}};
+    for (const auto& [line, reopen] : cases) {
+        QTemporaryDir dir;
+        test::writeAll(dir.filePath("MERVAK.INI"), "[Mervak]\r\n" + line + "\r\n");
+        const PrivateProfile ini(dir.filePath("MERVAK.INI"));
+        EXPECT_EQ(readSettings(ini).reopenLastTemplate, reopen) << line.data();
+        ASSERT_TRUE(writeReopenLastTemplate(ini, !reopen));
+        EXPECT_EQ(readSettings(ini).reopenLastTemplate, !reopen) << line.data();
+    }
+}
+
 } // namespace
 } // namespace mervak

@@ -184,7 +184,7 @@ QWidget* AreaPanel::buildPageGroup(Language language) {
     QToolButton* next =
         arrowButton(QStringLiteral(">"), QStringLiteral("Pàgina següent"), language);
     next->setObjectName(QStringLiteral("PAG_SEG"));
-    pageCounter_ = counterLabel(translateCounter(language, QStringLiteral("0/0 pàgines")));
+    pageCounter_ = counterLabel(translateCounter(language, QStringLiteral("1/1 pàgines")));
     pageCounter_->setObjectName(QStringLiteral("MsgPagina"));
     row->addWidget(previous);
     row->addWidget(pageCounter_, 1);

@@ -31,16 +31,23 @@ void show(QObject* object, const QString& text) {
         group->setTitle(text);
 }
 
+void showToolTip(QObject* object, const QString& text) {
+    if (auto* action = qobject_cast<QAction*>(object))
+        action->setToolTip(text);
+    else if (auto* widget = qobject_cast<QWidget*>(object))
+        widget->setToolTip(text);
+}
+
 void translateObject(QObject* object, Language language) {
     const QVariant caption = object->property(kCaption);
     if (caption.isValid())
         show(object, TranslateCaption(language, caption.toString()));
+    const QVariant tip = object->property(kToolTip);
+    if (tip.isValid())
+        showToolTip(object, TranslateCaption(language, tip.toString()));
     auto* widget = qobject_cast<QWidget*>(object);
     if (!widget)
         return;
-    const QVariant tip = object->property(kToolTip);
-    if (tip.isValid())
-        widget->setToolTip(TranslateCaption(language, tip.toString()));
     const QVariant title = object->property(kWindowTitle);
     if (title.isValid())
         widget->setWindowTitle(TranslateCaption(language, title.toString()));
@@ -65,9 +72,9 @@ void setCaption(QObject* object, const QString& catalan, Language language) {
     show(object, TranslateCaption(language, catalan));
 }
 
-void setToolTipCaption(QWidget* widget, const QString& catalan, Language language) {
-    widget->setProperty(kToolTip, catalan);
-    widget->setToolTip(TranslateCaption(language, catalan));
+void setToolTipCaption(QObject* object, const QString& catalan, Language language) {
+    object->setProperty(kToolTip, catalan);
+    showToolTip(object, TranslateCaption(language, catalan));
 }
 
 void setWindowCaption(QWidget* window, const QString& catalan, Language language) {

@@ -17,8 +17,9 @@ namespace mervak {
 // Remembers `catalan` as the caption of `object` and shows it in `language`.
 void setCaption(QObject* object, const QString& catalan, Language language = Language::Catalan);
 
-// Remembers `catalan` as the tool tip of `widget` and shows it in `language`.
-void setToolTipCaption(QWidget* widget, const QString& catalan,
+// Remembers `catalan` as the tool tip of `object` (a widget or an action) and
+// shows it in `language`.
+void setToolTipCaption(QObject* object, const QString& catalan,
                        Language language = Language::Catalan);
 
 // Remembers `catalan` as the window title of `window` and shows it in `language`.

@@ -453,7 +453,7 @@ QString EditorController::chooseCommandFile(const CommandEntry& entry) {
         filters.append({QStringLiteral("Fitxers de text"), {QStringLiteral("*.txt")}});
         break;
     case CommandFile::Template:
-        filters.append({QStringLiteral("Tauleta Windows"), {QStringLiteral("*.mvw")}});
+        filters.append({QStringLiteral("Plantilles de Mervak"), {QStringLiteral("*.mvw")}});
         break;
     }
     filters.append({Message(language, Msg::AllFiles), {QStringLiteral("*")}});
@@ -474,7 +474,9 @@ void EditorController::insertCommand(const CommandEntry& entry) {
             return;
         fileName = storedFileName(chosen, context_.session.workingFolder(), entry.file);
     }
-    views_.panel.actionText()->insertCommand(commandText(entry, fileName), entry.placeholder);
+    const int page = context_.session.tmpl.CurrentPage;
+    views_.panel.actionText()->insertCommand(commandText(entry, fileName, page),
+                                             commandPlaceholder(entry, page));
 }
 
 void EditorController::insertText(const QString& text) {

@@ -106,6 +106,35 @@ void addEntries(QComboBox* combo, const QList<CatalogueEntry>& entries) {
     }
 }
 
+// The speech language by its name in the interface language.
+QString speechLanguageName(Language language, int index) {
+    return TranslateCaption(language,
+                            index == 1 ? QStringLiteral("castellà") : QStringLiteral("català"));
+}
+
+// A voice as a teacher reads it: its language and number, then the engine's
+// variant, if any ("català 2 (klatt)").
+QString voiceCaption(Language language, int speechLanguage, int index, const QString& engineName) {
+    if (engineName.isEmpty())
+        return {};
+    QString text =
+        speechLanguageName(language, speechLanguage) + QStringLiteral(" %1").arg(index + 1);
+    if (const qsizetype plus = engineName.indexOf(u'+'); plus >= 0)
+        text += QStringLiteral(" (") + engineName.mid(plus + 1).trimmed() + u')';
+    return text;
+}
+
+// A speed in percent as a word; 0 or less is the normal speed.
+QString speedWord(Language language, int speed) {
+    constexpr int kSlowBelow = 85;
+    constexpr int kFastAbove = 120;
+    if (speed > 0 && speed < kSlowBelow)
+        return TranslateCaption(language, QStringLiteral("lenta"));
+    if (speed > kFastAbove)
+        return TranslateCaption(language, QStringLiteral("ràpida"));
+    return TranslateCaption(language, QStringLiteral("normal"));
+}
+
 int16_t spinValue(const QSpinBox* spin) {
     return static_cast<int16_t>(spin->value());
 }
@@ -130,9 +159,9 @@ PlantForm::PlantForm(const Template& t, WindowSystem& windows, const MacroCatalo
       ordres_(field("Ordres")), fitxDoc_(field("FitxDoc")), descripcio_(field("descripcio")),
       soundActive_(new QCheckBox), svIdioma_(new QComboBox), svLocutor_(new QSpinBox),
       voiceName_(new QLabel), voices_(std::move(voices)), svVelocitat_(new QSpinBox),
-      sheetWidth_(new QSpinBox), sheetHeight_(new QSpinBox), programs_(new QComboBox),
-      macros_(new QComboBox), windowButton_(new QToolButton), windowMenu_(new QMenu(this)),
-      preview_(new QLabel) {
+      speedWord_(new QLabel), sheetWidth_(new QSpinBox), sheetHeight_(new QSpinBox),
+      programs_(new QComboBox), macros_(new QComboBox), windowButton_(new QToolButton),
+      windowMenu_(new QMenu(this)), preview_(new QLabel) {
     setObjectName(QStringLiteral("PlantForm"));
     if (!t.isUntitled())
         templateFolder_ = QFileInfo(t.TemplateFileName).absolutePath();
@@ -145,6 +174,9 @@ PlantForm::PlantForm(const Template& t, WindowSystem& windows, const MacroCatalo
     connect(windowButton_, &QToolButton::clicked, this, &PlantForm::showWindowList);
     connect(svIdioma_, &QComboBox::currentIndexChanged, this, &PlantForm::refreshVoiceName);
     connect(svLocutor_, &QSpinBox::valueChanged, this, &PlantForm::refreshVoiceName);
+    connect(svVelocitat_, &QSpinBox::valueChanged, this,
+            [this](int speed) { speedWord_->setText(speedWord(language_, speed)); });
+    speedWord_->setText(speedWord(language_, svVelocitat_->value()));
     refreshPreview();
     refreshVoiceName();
 }
@@ -183,7 +215,14 @@ QGroupBox* PlantForm::sheetGroup(Language language, bool withPathDefault) {
     connect(viewDoc, &QToolButton::clicked, this, &PlantForm::openDocumentation);
 
     auto* form = new QFormLayout;
-    addFormRow(form, "Caràtula:", fitxGraf_, row({fitxGraf_, pictureButton}), language);
+    auto* pictureWord = new QLabel;
+    pictureWord->setObjectName(QStringLiteral("FitxGraf_word"));
+    setCaption(pictureWord, QStringLiteral("(la imatge de la làmina)"), language);
+    addFormRow(form, "Caràtula:", fitxGraf_, row({fitxGraf_, pictureButton, pictureWord}),
+               language);
+    setToolTipCaption(formLabels_.last(),
+                      QStringLiteral("La imatge de la làmina que es posa sobre la tauleta"),
+                      language);
     if (withPathDefault) {
         auto* folderButton = browseButton("Directori", language);
         connect(folderButton, &QToolButton::clicked, this, [this] { browseFolder(pathDefault_); });
@@ -247,12 +286,14 @@ QGroupBox* PlantForm::speechGroup(Language language) {
     soundActive_->setObjectName(QStringLiteral("SoundActive"));
     setCaption(soundActive_, QStringLiteral("&So actiu"), language);
     svIdioma_->setObjectName(QStringLiteral("sv_idioma"));
-    svIdioma_->addItems({QStringLiteral("Català"), QStringLiteral("Español")});
+    svIdioma_->addItems({speechLanguageName(language, 0), speechLanguageName(language, 1)});
     svLocutor_->setObjectName(QStringLiteral("sv_locutor"));
     svLocutor_->setRange(0, 999);
     voiceName_->setObjectName(QStringLiteral("sv_locutor_name"));
     svVelocitat_->setObjectName(QStringLiteral("SV_velocitat"));
     svVelocitat_->setRange(0, 999);
+    svVelocitat_->setSuffix(QStringLiteral(" %"));
+    speedWord_->setObjectName(QStringLiteral("SV_velocitat_word"));
     auto* box = new QGroupBox;
     setCaption(box, QStringLiteral("Síntesis de veu UPCTV"), language);
     auto* layout = new QHBoxLayout(box);
@@ -265,6 +306,8 @@ QGroupBox* PlantForm::speechGroup(Language language) {
         layout->addWidget(widget);
         if (widget == svLocutor_)
             layout->addWidget(voiceName_);
+        if (widget == svVelocitat_)
+            layout->addWidget(speedWord_);
         layout->addSpacing(8);
     }
     layout->addStretch(1);
@@ -439,7 +482,8 @@ void PlantForm::showWindowList() {
 void PlantForm::refreshVoiceName() {
     const QStringList names =
         voices_ ? voices_(static_cast<int16_t>(svIdioma_->currentIndex())) : QStringList();
-    voiceName_->setText(names.value(svLocutor_->value()));
+    voiceName_->setText(voiceCaption(language_, svIdioma_->currentIndex(), svLocutor_->value(),
+                                     names.value(svLocutor_->value())));
 }
 
 void PlantForm::refreshPreview() {

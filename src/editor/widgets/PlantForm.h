@@ -120,6 +120,7 @@ private:
     QLabel* voiceName_;
     VoiceNames voices_;
     QSpinBox* svVelocitat_;
+    QLabel* speedWord_; // "lenta", "normal" or "ràpida"
     QSpinBox* sheetWidth_;
     QSpinBox* sheetHeight_;
     QComboBox* programs_;

@@ -38,20 +38,11 @@ wait_for_window() {
 }
 
 tablet_window() {
-  xdotool search --onlyvisible --classname "mervak" 2>/dev/null | grep -v "^$main$" | while read -r w; do
-    [ "$(xdotool getwindowname "$w")" = "Mervak" ] && echo "$w"; done | head -n 1
+  xdotool search --onlyvisible --name "^Tauleta virtual - demo$" 2>/dev/null | head -n 1
 }
 
 main=$(wait_for_window "^Mervak - ")
 terminal=$(wait_for_window "^Mervak demo$")
-# Without a tablet a message box says so; close it, then show the virtual tablet.
-box=$(wait_for_window "^MERVAK$" --onlyvisible)
-for _ in $(seq 50); do
-  activate "$box"
-  xdotool key --clearmodifiers Return
-  sleep 0.2
-  box=$(xdotool search --onlyvisible --name "^MERVAK$" | head -n 1) || break
-done
 activate "$main"
 xdotool key --clearmodifiers F12
 sleep 1

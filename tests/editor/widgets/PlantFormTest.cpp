@@ -3,6 +3,7 @@
 #include "action/MacroCatalogue.h"
 #include "support/DialogButtons.h"
 #include "support/FakeWindowSystem.h"
+#include "support/ModalAnswers.h"
 #include "template/Template.h"
 
 #include <QApplication>
@@ -138,16 +139,19 @@ TEST(PlantForm, EditAppliesOnAcceptAndNothingOnCancel) {
     for (const auto& c : cases) {
         test::FakeWindowSystem windows;
         Template t = sampleTemplate();
-        QTimer::singleShot(0, [&] {
-            auto* form = qobject_cast<PlantForm*>(QApplication::activeModalWidget());
-            ASSERT_NE(form, nullptr);
-            if (c.edits)
-                replaceText(*form, "TxFinestra", "Navegador");
-            test::buttonNamed(form, QString::fromUtf8(c.button))->click();
-        });
-        EXPECT_EQ(PlantForm::edit(nullptr, t, windows, catalogue(), Language::Catalan, nullptr),
-                  c.changed)
-            << c.button << c.edits;
+        test::answerModals({[&c](QWidget* modal) {
+                               auto* form = qobject_cast<PlantForm*>(modal);
+                               ASSERT_NE(form, nullptr);
+                               if (c.edits)
+                                   replaceText(*form, "TxFinestra", "Navegador");
+                               test::buttonNamed(form, QString::fromUtf8(c.button))->click();
+                           }},
+                           [&] {
+                               EXPECT_EQ(PlantForm::edit(nullptr, t, windows, catalogue(),
+                                                         Language::Catalan, nullptr),
+                                         c.changed)
+                                   << c.button << c.edits;
+                           });
         EXPECT_EQ(t.Modified, c.changed) << c.button << c.edits;
         EXPECT_EQ(t.TxFinestra, c.changed ? "Navegador" : "Calculadora") << c.button << c.edits;
     }
@@ -184,21 +188,17 @@ TEST(PlantForm, OtherProgramIsChosenInAFileDialog) {
     PlantForm form(t, windows, catalogue(), Language::Catalan, nullptr);
     form.show();
     for (const bool choose : {false, true}) {
-        QTimer::singleShot(0, [&] {
-            QFileDialog* files = nullptr;
-            for (int tries = 0; !files && tries < 200; ++tries) {
-                files = form.findChild<QFileDialog*>();
-                if (!files || !files->isVisible()) {
-                    files = nullptr;
-                    QTest::qWait(10);
-                }
-            }
-            ASSERT_NE(files, nullptr);
-            EXPECT_EQ(files->windowTitle(), "Executar programes");
-            files->selectFile(program);
-            choose ? static_cast<QDialog*>(files)->accept() : files->reject();
-        });
-        emit child<QComboBox>(form, "programes")->activated(MacroCatalogue::kOtherProgramRow);
+        test::answerModals({[&](QWidget* modal) {
+                               auto* files = qobject_cast<QFileDialog*>(modal);
+                               ASSERT_NE(files, nullptr);
+                               EXPECT_EQ(files->windowTitle(), "Executar programes");
+                               files->selectFile(program);
+                               choose ? static_cast<QDialog*>(files)->accept() : files->reject();
+                           }},
+                           [&] {
+                               emit child<QComboBox>(form, "programes")
+                                   ->activated(MacroCatalogue::kOtherProgramRow);
+                           });
         EXPECT_EQ(text(form, "Ordres"), choose ? program : t.Ordres) << "chosen " << choose;
     }
 }
@@ -277,6 +277,35 @@ TEST(PlantForm, CaptionsInSpanishWithBothGroupsAligned) {
         return child<QLineEdit>(form, name)->mapTo(&form, QPoint(0, 0)).x();
     };
     EXPECT_EQ(left("FitxGraf"), left("TxFinestra")) << "both groups align";
+}
+
+// The sheet's picture, the voice and the speed in words a teacher reads.
+TEST(PlantForm, PictureVoiceAndSpeedAreSaidInPlainWords) {
+    const struct {
+        Language language;
+        int speaker;
+        int speed;
+        const char* voice;
+        const char* speedWord;
+        const char* picture;
+    } cases[] = {
+        {Language::Catalan, 1, 60, "català 2 (klatt)", "lenta", "(la imatge de la làmina)"},
+        {Language::Spanish, 0, 100, "catalán 1", "normal", "(la imagen de la lámina)"},
+        {Language::Catalan, 0, 180, "català 1", "ràpida", "(la imatge de la làmina)"},
+    };
+    for (const auto& c : cases) {
+        test::FakeWindowSystem windows;
+        Template t = sampleTemplate();
+        t.sv_idioma = 0;
+        t.sv_locutor = static_cast<int16_t>(c.speaker);
+        t.SV_velocitat = static_cast<int16_t>(c.speed);
+        PlantForm form(t, windows, catalogue(), c.language, nullptr, nullptr, [](int16_t) {
+            return QStringList{QStringLiteral("catalan"), QStringLiteral("catalan + klatt")};
+        });
+        EXPECT_EQ(child<QLabel>(form, "sv_locutor_name")->text(), QString::fromUtf8(c.voice));
+        EXPECT_EQ(child<QLabel>(form, "SV_velocitat_word")->text(), QString::fromUtf8(c.speedWord));
+        EXPECT_EQ(child<QLabel>(form, "FitxGraf_word")->text(), QString::fromUtf8(c.picture));
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "editor/widgets/SheetExport.h"
 
 #include "support/DialogButtons.h"
+#include "support/ModalAnswers.h"
 #include "template/Template.h"
 
 #include <QApplication>
@@ -239,25 +240,15 @@ TEST(SheetExport, ThumbnailHasTheSheetsShapeAndOutlinesTheCurrentPage) {
     EXPECT_TRUE(error.startsWith("No s'ha pogut desar ")) << error;
 }
 
-// Finds the dialog the export has opened, waiting for it to show.
-template <typename D> D* openDialog() {
-    for (int tries = 0; tries < 200; ++tries) {
-        if (auto* dialog = qobject_cast<D*>(QApplication::activeModalWidget()))
-            return dialog;
-        QTest::qWait(10);
-    }
-    return nullptr;
-}
-
-// Chooses `path` in the file dialog that is about to open.
-void chooseFileLater(const QString& path, QString* title) {
-    QTimer::singleShot(0, [path, title] {
-        auto* files = openDialog<QFileDialog>();
+// Chooses `path` in a file dialog, keeping its title.
+test::ModalAnswer chooseFile(const QString& path, QString* title) {
+    return [path, title](QWidget* modal) {
+        auto* files = qobject_cast<QFileDialog*>(modal);
         ASSERT_NE(files, nullptr);
         *title = files->windowTitle();
         files->selectFile(path);
         static_cast<QDialog*>(files)->accept(); // public as a QDialog
-    });
+    };
 }
 
 TEST(SheetExport, MenuCommandsAskForOptionsAndFile) {
@@ -266,17 +257,17 @@ TEST(SheetExport, MenuCommandsAskForOptionsAndFile) {
     SheetExportOptions options;
     QStringList captions;
     QString title;
-    QTimer::singleShot(0, [&] {
-        QDialog* choice = openDialog<QDialog>();
-        ASSERT_NE(choice, nullptr);
+    const test::ModalAnswer chooseOptions = [&captions](QWidget* choice) {
         captions.append(choice->windowTitle());
         for (const QAbstractButton* button : choice->findChildren<QAbstractButton*>())
             captions.append(button->text());
         choice->findChild<QComboBox*>()->setCurrentIndex(1); // A3
         test::buttonNamed(choice, "Aceptar")->click();
-        chooseFileLater(pdf, &title);
+    };
+    test::answerModals({chooseOptions, chooseFile(pdf, &title)}, [&] {
+        EXPECT_TRUE(
+            SheetExport::exportWithDialog(nullptr, threePages(), Language::Spanish, &options));
     });
-    EXPECT_TRUE(SheetExport::exportWithDialog(nullptr, threePages(), Language::Spanish, &options));
     for (const char* caption : {"Guardar la lámina en PDF", "Página actual", "Todas las páginas",
                                 "Contornos y etiquetas de las áreas", "Aceptar", "Cancelar"})
         EXPECT_TRUE(captions.contains(QString::fromUtf8(caption))) << caption;
@@ -284,8 +275,9 @@ TEST(SheetExport, MenuCommandsAskForOptionsAndFile) {
     EXPECT_NEAR(pdfInfo(pdf).sizeMm.width(), 420, 0.5);
 
     const QString png = dir.filePath("mini.png");
-    chooseFileLater(png, &title);
-    EXPECT_TRUE(SheetExport::saveThumbnailWithDialog(nullptr, threePages(), Language::Catalan));
+    test::answerModals({chooseFile(png, &title)}, [&] {
+        EXPECT_TRUE(SheetExport::saveThumbnailWithDialog(nullptr, threePages(), Language::Catalan));
+    });
     EXPECT_EQ(title, "Desar mini-làmina");
     EXPECT_EQ(QImage(png).size(), QSize(240, 169)) << "the sheet's shape";
 }
