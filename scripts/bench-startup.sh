@@ -1,16 +1,17 @@
 #!/usr/bin/env bash
 # Measures the time from starting Mervak to its main window being shown, and its
-# resident memory a second later, five times.
-#   scripts/with-display.sh scripts/bench-startup.sh BIN_DIR
+# resident memory a second later, RUNS times (five unless told).
+#   scripts/with-display.sh scripts/bench-startup.sh BIN_DIR [RUNS]
 set -euo pipefail
 bin=$1
+runs=${2:-5}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export XDG_RUNTIME_DIR="$work"
 mkdir -p "$work/home"
 # A serial port that does not exist: the start-up path without waiting for a tablet.
 printf '[Mervak]\r\nModel=EASY\r\nPort=/dev/nonexistent\r\n' >"$work/home/MERVAK.INI"
-for _ in 1 2 3 4 5; do
+for _ in $(seq "$runs"); do
   start=$(date +%s%N)
   "$bin/mervak" --home "$work/home" >/dev/null 2>&1 &
   pid=$!

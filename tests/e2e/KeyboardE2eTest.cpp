@@ -1,7 +1,9 @@
 #include "X11TestFixture.h"
+#include "support/TestFiles.h"
 
 #include <QProcess>
 #include <X11/Xlib.h>
+#include <algorithm>
 
 namespace mervak::test {
 namespace {
@@ -28,9 +30,9 @@ KeyStroke character(char32_t c, Modifiers modifiers = {}) {
 
 // ASCII is on the map; characters missing from it are mapped once per run, not once
 // per character, and stay mapped for the next run. More of them than spare keycodes:
-// the least recently used make way, in several changes. Untypeable strokes are refused
-// whole before any is sent. The spare keycodes are cleared when the keyboard goes:
-// other programs find the map as it was.
+// they come in batches, the least recently used making way, characters of an early
+// batch coming back in a later one. Untypeable strokes are refused whole before any
+// is sent. restoreLayout() gives the map back exactly, and so does the keyboard's end.
 TEST_F(X11TestFixture, TypesAnyTextWithFewKeymapChangesAndLeavesTheMapAsFound) {
     Terminal terminal;
     ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Mervak text"), &terminal));
@@ -61,7 +63,40 @@ TEST_F(X11TestFixture, TypesAnyTextWithFewKeymapChangesAndLeavesTheMapAsFound) {
     const QByteArray expected = (ascii + text.repeated(6) + many).toUtf8();
     EXPECT_EQ(waitForContent(terminal.file, expected.size()), expected);
     EXPECT_NE(keyboardMap(connection_->display()), before);
+    bool restored = false;
+    keyboard_->restoreLayout([&restored] { restored = true; });
+    ASSERT_TRUE(waitFor([&restored] { return restored; }));
+    EXPECT_EQ(keyboardMap(connection_->display()), before);
+
+    ASSERT_NO_FATAL_FAILURE(typeInto(terminal, charactersOf(text)));
+    EXPECT_EQ(waitForContent(terminal.file, expected.size() + text.toUtf8().size()),
+              expected + text.toUtf8());
     keyboard_.reset();
+    EXPECT_EQ(keyboardMap(connection_->display()), before);
+}
+
+// The target goes away in the middle of a long text of many batches: what it got is
+// the text's beginning, no key (Shift above all) stays down, and the map is restored.
+TEST_F(X11TestFixture, ATargetClosingMidTextLeavesNoKeyDownAndTheMapAsFound) {
+    Terminal terminal;
+    ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Mervak closing"), &terminal));
+    const std::vector<KeySym> before = keyboardMap(connection_->display());
+    QString text;
+    for (char32_t c = 0x100; c < 0x100 + 300; ++c) // Latin Extended: Shift levels too
+        text += QString::fromUcs4(&c, 1) + QStringLiteral("àÀ");
+    ASSERT_TRUE(windows_->activate(terminal.window));
+    ASSERT_EQ(keyboard_->type(charactersOf(text)), std::nullopt);
+    ASSERT_TRUE(waitFor([&] { return !readAll(terminal.file).isEmpty(); }));
+    terminal.process->kill();
+    bool restored = false;
+    keyboard_->restoreLayout([&restored] { restored = true; });
+    ASSERT_TRUE(waitFor([&restored] { return restored; }));
+    const QByteArray got = readAll(terminal.file);
+    EXPECT_TRUE(text.toUtf8().startsWith(got)) << got.toStdString();
+    EXPECT_LT(got.size(), text.toUtf8().size()) << "the target closed after the text";
+    char keys[32];
+    XQueryKeymap(connection_->display(), keys);
+    EXPECT_EQ(std::count(std::begin(keys), std::end(keys), 0), 32) << "a key is still down";
     EXPECT_EQ(keyboardMap(connection_->display()), before);
 }
 

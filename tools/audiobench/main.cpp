@@ -3,6 +3,7 @@
 // null sink: from handing "{|Llegir bon dia}" to the runner to the first loud
 // sample read back from the sink's monitor. Also the time of the engine's read
 // alone and the memory the audio stack adds.
+//   mervak-audio-bench [--presses N]   (default 100)
 #include "MonitorRecorder.h"
 #include "action/ActionRunner.h"
 #include "action/Speech.h"
@@ -24,7 +25,7 @@ namespace {
 
 using Clock = MonitorRecorder::Clock;
 
-constexpr int kPresses = 100;
+constexpr int kDefaultPresses = 100;
 constexpr int kGiveUpMs = 2000;
 constexpr int kQuietMs = 150;
 const char kMidi[] = "MThd\0\0\0\6\0\0\0\1\0\140MTrk\0\0\0\24\0\220\74\144\140\200\74\100"
@@ -60,7 +61,7 @@ void print(const char* what, const LatencySummary& s) {
                 s.p50 / 1000, s.p90 / 1000, s.p99 / 1000, s.max / 1000);
 }
 
-int run() {
+int run(int presses) {
     MonitorRecorder recorder;
     QString error;
     if (!spinUntil([&] { return recorder.open("nullsink.monitor", &error); })) {
@@ -86,7 +87,7 @@ int run() {
          p.registry},
         state, [] { return QStringLiteral("|"); }, ActionRunner::noOwnWindows);
     std::vector<double> latencies;
-    for (int press = 0; press <= kPresses; ++press) {
+    for (int press = 0; press <= presses; ++press) {
         spinUntil([&] { return !engine.speaking() && recorder.quietFor(kQuietMs); });
         recorder.arm();
         const Clock::time_point pressed = Clock::now();
@@ -99,7 +100,7 @@ int run() {
     }
     const long withSpeech = residentKiB();
     std::vector<double> reads;
-    for (int i = 0; i < kPresses; ++i) {
+    for (int i = 0; i < presses; ++i) {
         const Clock::time_point start = Clock::now();
         engine.read(QStringLiteral("bon dia"));
         reads.push_back(microseconds(Clock::now() - start));
@@ -120,6 +121,13 @@ int run() {
                 withSpeech - before, qPrintable(MidiPlayer::soundFont()), withMidi - before);
     std::fflush(stdout);
     return 0;
+}
+
+// `--presses N` from the command line, else kDefaultPresses.
+int presses(const QStringList& arguments) {
+    const qsizetype at = arguments.indexOf(QStringLiteral("--presses"));
+    const int asked = at >= 0 && at + 1 < arguments.size() ? arguments[at + 1].toInt() : 0;
+    return asked > 0 ? asked : kDefaultPresses;
 }
 
 } // namespace
@@ -143,7 +151,7 @@ int main(int argc, char** argv) {
         server.setStandardOutputFile(QProcess::nullDevice());
         server.setStandardErrorFile(QProcess::nullDevice());
         if (server.startDetached(&pulse))
-            status = mervak::bench::run();
+            status = mervak::bench::run(mervak::bench::presses(app.arguments()));
     }
     if (pulse > 0)
         ::kill(static_cast<pid_t>(pulse), SIGTERM);

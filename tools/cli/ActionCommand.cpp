@@ -33,11 +33,6 @@ namespace {
 // quiet for kPasteQuietMs, or kPasteServeMs in all.
 constexpr int kPasteQuietMs = 200;
 constexpr int kPasteServeMs = 5000;
-// Ending clears the spare keycodes this process mapped. A client that has not yet
-// read its last keys would then read them with the cleared map and lose them, and
-// nothing tells when it has read them: a busy machine delays it, so the process
-// keeps the map this long first.
-constexpr int kKeymapKeepMs = 500;
 // How often the end of speech and music is looked for.
 constexpr int kSoundPollMs = 20;
 
@@ -165,11 +160,11 @@ int realRun(int argc, char** argv, const ActionOptions& options) {
         [&engine, &midi] { return engine.speaking() || midi.playing(); });
     if (pasted)
         selection.serve(kPasteQuietMs, kPasteServeMs);
-    if (keyboard.keymapChanges() > 0) {
-        QEventLoop keeping;
-        QTimer::singleShot(kKeymapKeepMs, &keeping, &QEventLoop::quit);
-        keeping.exec();
-    }
+    // The keyboard map is the user's again before the process ends, once the target
+    // can have decoded the last keys typed on borrowed keycodes.
+    QEventLoop restoring;
+    keyboard.restoreLayout([&restoring] { restoring.quit(); });
+    restoring.exec();
     return problems > 0 ? kFailure : kSuccess;
 }
 

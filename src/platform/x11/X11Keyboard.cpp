@@ -59,6 +59,21 @@ std::optional<TypingError> X11Keyboard::type(const KeyStrokes& strokes) {
     return std::nullopt;
 }
 
+void X11Keyboard::restoreLayout(std::function<void()> done) {
+    flush([this, done = std::move(done)] {
+        Clock::time_point safe{};
+        for (const Clock::time_point sent : spareKeySentAt_) {
+            safe = std::max(safe, sent + std::chrono::milliseconds(kEvictSettleMs));
+        }
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(safe - Clock::now());
+        QTimer::singleShot(static_cast<int>(std::max<std::int64_t>(0, left.count())), &timer_,
+                           [this, done] {
+                               clearSpareKeycodes();
+                               done();
+                           });
+    });
+}
+
 void X11Keyboard::flush(std::function<void()> done) {
     if (!done) {
         done = [] {};
@@ -246,25 +261,26 @@ bool X11Keyboard::mapSpareKeys() {
     if (missing.isEmpty()) {
         return true; // a fresh keyboard map holds them now
     }
-    const Clock::time_point safe = lastKeyAt_ + std::chrono::milliseconds(kEvictSettleMs);
-    const auto plainOnly = std::count_if(missing.begin(), missing.end(), [](KeySymbol symbol) {
-        return characterOfKeySymbol(symbol) == 0;
-    });
-    const bool evicts =
-        missing.size() > spares_.freeCount() || plainOnly > spares_.freePlainCount();
-    if (evicts && Clock::now() < safe) {
-        waitUntil(safe);
-        return false;
-    }
-    std::optional<QList<SpareKeycodes::Change>> changes = spares_.assign(missing, keep);
+    SpareKeycodes planned = spares_;
+    std::optional<QList<SpareKeycodes::Change>> changes = planned.assign(missing, keep);
     if (!changes) {
         // The plain places ran short: map what the next stroke needs alone.
-        changes = spares_.assign({missing.front()}, {});
+        planned = spares_;
+        changes = planned.assign({missing.front()}, {});
     }
     if (!changes) {
         queue_.pop_front(); // cannot happen after problemWith(); never loop on it
         return true;
     }
+    const Clock::time_point safe = rewritableAt(*changes);
+    if (Clock::now() < safe) {
+        waitUntil(safe);
+        return false;
+    }
+    for (const SpareKeycodes::Change& change : *changes) {
+        spareKeySentAt_.remove(spares_.symbolAt(change.place));
+    }
+    spares_ = planned;
     QList<KeyCode8> keycodes;
     for (const SpareKeycodes::Change& change : *changes) {
         if (!keycodes.contains(change.place.keycode)) {
@@ -272,8 +288,20 @@ bool X11Keyboard::mapSpareKeys() {
         }
     }
     writeSpareKeycodes(keycodes);
-    readyAt_ = Clock::now() + std::chrono::milliseconds(kRemapSettleMs);
     return true;
+}
+
+// When the target can have decoded every key sent on the places `changes` rewrite.
+X11Keyboard::Clock::time_point
+X11Keyboard::rewritableAt(const QList<SpareKeycodes::Change>& changes) const {
+    Clock::time_point at{};
+    for (const SpareKeycodes::Change& change : changes) {
+        const auto sent = spareKeySentAt_.constFind(spares_.symbolAt(change.place));
+        if (sent != spareKeySentAt_.constEnd()) {
+            at = std::max(at, *sent + std::chrono::milliseconds(kEvictSettleMs));
+        }
+    }
+    return at;
 }
 
 // Writes what the spare keycodes hold to the server with one XKB request, so clients
@@ -338,8 +366,12 @@ void X11Keyboard::send(const KeyStroke& stroke, KeyPlace place) {
     for (auto keycode = held.rbegin(); keycode != held.rend(); ++keycode) {
         XTestFakeKeyEvent(display, *keycode, False, CurrentTime);
     }
-    spares_.touch(symbolOf(stroke));
+    const KeySymbol symbol = symbolOf(stroke);
     lastKeyAt_ = Clock::now();
+    if (spares_.find(symbol)) {
+        spares_.touch(symbol);
+        spareKeySentAt_.insert(symbol, lastKeyAt_);
+    }
 }
 
 // The display is gone: the keys are lost, but whoever waits for them must go on.
@@ -364,6 +396,7 @@ void X11Keyboard::clearSpareKeycodes() {
     }
     const QList<KeyCode8> used = spares_.usedKeycodes();
     spares_.clear();
+    spareKeySentAt_.clear();
     writeSpareKeycodes(used);
     XSync(connection_.display(), False);
 }
