@@ -6,6 +6,7 @@
 #include "app/EditorAssembly.h"
 #include "app/MainWindow.h"
 #include "app/ReaderWindow.h"
+#include "app/ScanningController.h"
 #include "app/VirtualTablet.h"
 #include "dispatch/PressDispatcher.h"
 #include "dispatch/TabletControl.h"
@@ -26,6 +27,7 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Keyboard.h"
 #include "platform/x11/X11Pointer.h"
+#include "platform/x11/X11SwitchGrab.h"
 #include "platform/x11/X11WindowSystem.h"
 #include "session/Session.h"
 
@@ -61,6 +63,8 @@ private:
     void wireWindow();
     void wireEditor();
     void wireRunner();
+    void wireScanning();
+    void editScanning();
 
     void translate();
     void chooseLanguage(Language language);
@@ -114,6 +118,8 @@ private:
     ReaderWindow reader_;
     std::unique_ptr<EditorAssembly> assembly_;
     QTimer timer2_;
+    X11SwitchGrab switchGrab_;
+    std::unique_ptr<ScanningController> scanning_;
 };
 
 } // namespace mervak

@@ -71,6 +71,7 @@ signals:
     void aboutRequested();
     void propertiesRequested();
     void trackerCalibrationRequested();
+    void scanningRequested();
     void exportSheetRequested();
     void thumbnailRequested();
 
@@ -104,6 +105,7 @@ private:
     QAction* startAtLogin_ = nullptr;
     QAction* trackerCalibration_ = nullptr;
     QToolButton* tabletButton_ = nullptr;
+    QAction* scanning_ = nullptr;
     QAction* tabletTest_ = nullptr; // also the tablet button's context menu
     QLabel* modelPicture_ = nullptr;
     QLabel* tabletCaption_ = nullptr; // MsgTaulAct

@@ -90,6 +90,9 @@ QList<CommandEntry> buildEntries() {
         entry({"Canvi de plantilla"}, "{|Carrega %1}", "", CommandFile::Template),
         entry({"Registre"}, "{|Reg [HKEY_CURRENT_USER\\Software\\Mervak]nom=valor}", "nom=valor"),
         entry({"Tancar"}, "{|Tancar}"),
+        // Level blocks do nothing when pressed; switch scanning follows them.
+        entry({"Exploració nivell anterior"}, "{|Nivell -1}"),
+        entry({"Exploració nivell inicial"}, "{|Nivell 0}"),
         entry({kMouse, "Moure's a..."}, "{|Mouse M x y }", "x"),
         entry({kMouse, "Amunt"}, "{|Mouse A n}", "n"),
         entry({kMouse, "Avall"}, "{|Mouse R n}", "n"),

@@ -140,6 +140,7 @@ private:
             {"SoundActive", t_.SoundActive != 0},     {"HeaderFlag", t_.HeaderFlag != 0},
             {"sv_idioma", t_.sv_idioma != 0},         {"sv_locutor", t_.sv_locutor != 0},
             {"SV_velocitat", t_.SV_velocitat != 0},   {"MidaLamina", !t_.hasTabletSheetSize()},
+            {"Exploracio", !t_.Exploracio.isEmpty()},
         };
         for (const auto& [name, present] : fields)
             if (present)

@@ -54,17 +54,25 @@ void readAreas(FieldReader& in, Template& t, int16_t count, AreaRecordLayout lay
     }
 }
 
-// The sheet size that Mervak writes after the last record, when it is not the
-// tablet's; whatever else follows the records is ignored, as it always was.
-void readSheetSize(FieldReader& in, Template& t) {
+// What Mervak writes after the last record, each part opened by its tag: the
+// sheet size when it is not the tablet's, and the Template's own scanning.
+// Whatever else follows the records is ignored, as it always was.
+void readTrailer(FieldReader& in, Template& t) {
     try {
-        if (in.atEnd() || in.readQuoted() != sheetSizeTag())
-            return;
-        const int16_t width = in.readInteger();
-        const int16_t height = in.readInteger();
-        if (width > 0 && height > 0) {
-            t.SheetWidthMm = width;
-            t.SheetHeightMm = height;
+        while (!in.atEnd()) {
+            const QString tag = in.readQuoted();
+            if (tag == sheetSizeTag()) {
+                const int16_t width = in.readInteger();
+                const int16_t height = in.readInteger();
+                if (width > 0 && height > 0) {
+                    t.SheetWidthMm = width;
+                    t.SheetHeightMm = height;
+                }
+            } else if (tag == scanSettingsTag()) {
+                t.Exploracio = in.readQuoted();
+            } else {
+                return;
+            }
         }
     } catch (const FieldError&) {
     }
@@ -78,7 +86,7 @@ void readVersion2(QStringView text, Template& t) {
     const int16_t count = readCommonHeader(in, t);
     readExtraHeader(in, t);
     readAreas(in, t, count, kRecordWithoutClipFlag, false, text.size());
-    readSheetSize(in, t);
+    readTrailer(in, t);
 }
 
 void readSaveAsLayout(QStringView text, Template& t) {
@@ -87,13 +95,13 @@ void readSaveAsLayout(QStringView text, Template& t) {
     in.readInteger();
     const int16_t count = readCommonHeader(in, t);
     readAreas(in, t, count, kRecordWithClipFlag, false, text.size());
-    readSheetSize(in, t);
+    readTrailer(in, t);
 }
 
 void readVersion1(FieldReader& in, Template& t, qsizetype textSize) {
     const int16_t count = readCommonHeader(in, t);
     readAreas(in, t, count, kRecordWithClipFlag, true, textSize);
-    readSheetSize(in, t);
+    readTrailer(in, t);
 }
 
 void readVersion2OrSaveAs(QStringView text, Template& t) {

@@ -46,6 +46,13 @@ void writeSheetSize(FieldWriter& out, const Template& t) {
     out.writeInteger(t.SheetHeightMm);
 }
 
+void writeTemplateScanning(FieldWriter& out, const Template& t) {
+    if (t.Exploracio.isEmpty())
+        return;
+    out.writeQuoted(scanSettingsTag());
+    out.writeQuoted(t.Exploracio);
+}
+
 } // namespace
 
 QByteArray writeMvw(const Template& t) {
@@ -57,6 +64,7 @@ QByteArray writeMvw(const Template& t) {
     out.writeInteger(t.SV_velocitat);
     writeAreas(out, t, kRecordWithoutClipFlag);
     writeSheetSize(out, t);
+    writeTemplateScanning(out, t);
     return out.bytes();
 }
 
@@ -65,6 +73,7 @@ QByteArray writeMvwSaveAs(const Template& t) {
     writeCommonHeader(out, t);
     writeAreas(out, t, kRecordWithClipFlag);
     writeSheetSize(out, t);
+    writeTemplateScanning(out, t);
     return out.bytes();
 }
 

@@ -57,6 +57,10 @@ public:
         return SheetWidthMm == kTabletWidthMm && SheetHeightMm == kTabletHeightMm;
     }
 
+    // The Template's own switch scanning, "Key=value" pairs joined by ";"; empty
+    // when the user's settings apply. Stored after the last Area record.
+    QString Exploracio;
+
     // Editing state, never stored.
     QString TemplateFileName;
     int16_t CurrentPage = 1;
