@@ -227,23 +227,23 @@ void Application::wireEditor() {
 void Application::wireScanning() {
     scanning_ = std::make_unique<ScanningController>(
         session_, clock_, switchGrab_, virtualTablet_.sheet(),
-        ScanningController::Effects{
-            [this](int16_t x, int16_t y) {
-                if (session_.tmpl.SoundActive != 0)
-                    sound_.click();
-                dispatcher_->DispatchPress(x, y);
-            },
-            [this](const QString& text) {
-                if (const QString problem = speech_.speak(text, session_.actionState.speakerNumber);
-                    !problem.isEmpty())
-                    setStatus(problem);
-            },
-            [this] { return runner_->isBusy(); },
-            [this] {
-                if (!virtualTablet_.isVisible())
-                    showVirtualTablet(true);
-            },
-            [this](const QString& text) { setStatus(text); }});
+        ScanningController::Effects{[this](int16_t x, int16_t y) {
+                                        if (session_.tmpl.SoundActive != 0)
+                                            sound_.click();
+                                        dispatcher_->DispatchPress(x, y);
+                                    },
+                                    [this](const QString& text) {
+                                        if (const QString problem = speech_.speak(
+                                                text, session_.actionState.speakerNumber);
+                                            !problem.isEmpty())
+                                            setStatus(problem);
+                                    },
+                                    [this] { return runner_->isBusy(); },
+                                    [this] {
+                                        if (!virtualTablet_.isVisible())
+                                            showVirtualTablet(true);
+                                    },
+                                    [this](const QString& text) { setStatus(text); }});
     connect(&editor(), &EditorController::templateChanged, scanning_.get(),
             &ScanningController::templateChanged);
     connect(runner_.get(), &ActionRunner::busyChanged, scanning_.get(), [this](bool busy) {

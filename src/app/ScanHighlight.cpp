@@ -32,15 +32,20 @@ void ScanHighlight::paintEvent(QPaintEvent*) {
         return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    // Drawn inside the Areas' edges, so a frame at the sheet's border shows whole.
-    const QRectF box = sheet_->toWidget(*frame_);
+    // Astride the Areas' edges, to cover little of what they show, but kept
+    // whole inside the view at the sheet's border.
+    const QRectF bounds = QRectF(rect());
+    const QRectF box =
+        sheet_->toWidget(*frame_)
+            .adjusted(-kOuterWidth / 2.0, -kOuterWidth / 2.0, kOuterWidth / 2.0, kOuterWidth / 2.0)
+            .intersected(bounds);
     const double outerInset = kOuterWidth / 2.0;
     const double innerInset = kOuterWidth - kInnerWidth / 2.0 - 3.0;
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(Qt::black, kOuterWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawRect(box.adjusted(outerInset, outerInset, -outerInset, -outerInset));
-    painter.setPen(QPen(QColor(255, 230, 0), kInnerWidth, Qt::SolidLine, Qt::SquareCap,
-                        Qt::MiterJoin));
+    painter.setPen(
+        QPen(QColor(255, 230, 0), kInnerWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawRect(box.adjusted(innerInset, innerInset, -innerInset, -innerInset));
 }
 

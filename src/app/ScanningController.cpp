@@ -3,15 +3,16 @@
 #include "devices/InputDevice.h"
 #include "platform/Settings.h"
 
+#include <utility>
+
 namespace mervak {
 
 ScanningController::ScanningController(Session& session, Clock& clock, SwitchGrab& grab,
                                        SheetView* sheet, Effects effects, QObject* parent)
-    : QObject(parent), session_(session), clock_(clock), grab_(grab),
-      effects_(std::move(effects)),
+    : QObject(parent), session_(session), clock_(clock), grab_(grab), effects_(std::move(effects)),
       scanner_(clock,
                {[this] { return scanRows(session_.tmpl); },
-                [this] { return effects_.actionTextRunning(); },
+                [this] { return pendingPress_ || effects_.actionTextRunning(); },
                 [this](int16_t area) { return scanLabel(session_.tmpl.area(area).ActionText); },
                 [this](int16_t area) { return scanLevelOf(session_.tmpl.area(area).ActionText); }}),
       highlight_(new ScanHighlight(sheet)) {
@@ -19,8 +20,7 @@ ScanningController::ScanningController(Session& session, Clock& clock, SwitchGra
     connect(&wake_, &QTimer::timeout, &scanner_, &Scanner::update);
     connect(&scanner_, &Scanner::scheduleChanged, this, &ScanningController::schedule);
     connect(&scanner_, &Scanner::highlightChanged, this, &ScanningController::showHighlight);
-    connect(&scanner_, &Scanner::pressRequested, this,
-            [this](int16_t x, int16_t y) { effects_.press(x, y); });
+    connect(&scanner_, &Scanner::pressRequested, this, &ScanningController::pressWhenReleased);
     connect(&scanner_, &Scanner::speakRequested, this,
             [this](const QString& text) { effects_.speak(text); });
 }
@@ -47,6 +47,7 @@ void ScanningController::actionTextsFinished() {
 }
 
 void ScanningController::stop() {
+    pendingPress_.reset();
     scanner_.setSettings(ScanSettings{});
     grab_.release();
 }
@@ -63,6 +64,7 @@ void ScanningController::apply() {
 // ("BTN_...") are the device's.
 void ScanningController::grabSwitches() {
     grab_.release();
+    held_[0] = held_[1] = false;
     grabbedRoles_.clear();
     deviceButtons_.clear();
     const ScanSettings& settings = scanner_.settings();
@@ -85,9 +87,8 @@ void ScanningController::grabSwitches() {
             grabbedRoles_.append(role);
         }
     }
-    refused += grab_.grab(names, [this](int index, bool down) {
-        switchChanged(grabbedRoles_.value(index), down);
-    });
+    refused += grab_.grab(
+        names, [this](int index, bool down) { switchChanged(grabbedRoles_.value(index), down); });
     if (!refused.isEmpty())
         effects_.status(TranslateCaption(session_.language(),
                                          QStringLiteral("No es pot fer servir el commutador %1"))
@@ -101,10 +102,23 @@ void ScanningController::deviceButton(int code, bool down) {
 }
 
 void ScanningController::switchChanged(Scanner::Switch which, bool down) {
+    held_[which == Scanner::Switch::Advance ? 0 : 1] = down;
     if (down)
         scanner_.switchDown(which);
     else
         scanner_.switchUp(which);
+    if (!anyHeld() && pendingPress_) {
+        const QPoint point = *std::exchange(pendingPress_, std::nullopt);
+        effects_.press(static_cast<int16_t>(point.x()), static_cast<int16_t>(point.y()));
+        scanner_.update();
+    }
+}
+
+void ScanningController::pressWhenReleased(int16_t x, int16_t y) {
+    if (anyHeld())
+        pendingPress_ = QPoint(x, y);
+    else
+        effects_.press(x, y);
 }
 
 void ScanningController::showHighlight(const QList<int16_t>& areas) {

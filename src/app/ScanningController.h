@@ -7,8 +7,10 @@
 #include "session/Session.h"
 
 #include <QObject>
+#include <QPoint>
 #include <QTimer>
 #include <functional>
+#include <optional>
 
 namespace mervak {
 
@@ -51,6 +53,8 @@ private:
     void switchChanged(Scanner::Switch which, bool down);
     void showHighlight(const QList<int16_t>& areas);
     void schedule();
+    void pressWhenReleased(int16_t x, int16_t y);
+    bool anyHeld() const { return held_[0] || held_[1]; }
 
     Session& session_;
     Clock& clock_;
@@ -62,6 +66,10 @@ private:
     QTimer wake_;
     QList<Scanner::Switch> grabbedRoles_;
     QList<QPair<int, Scanner::Switch>> deviceButtons_; // evdev code and its role
+    bool held_[2] = {false, false};                    // advance, select
+    // A grabbed key held down takes every key typed meanwhile, so a choice
+    // types only once the switches are let go.
+    std::optional<QPoint> pendingPress_;
 };
 
 } // namespace mervak

@@ -7,6 +7,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QFormLayout;
 class QLineEdit;
 class QSpinBox;
 
@@ -41,7 +42,7 @@ private:
     QComboBox* longPress_;
     QCheckBox* speak_;
     QCheckBox* templateOnly_;
-    class QFormLayout* form_;
+    QFormLayout* form_;
 };
 
 } // namespace mervak

@@ -20,13 +20,11 @@ struct Named {
 constexpr std::array kModes = {Named{"cap", int(ScanSettings::Mode::Off)},
                                Named{"elements", int(ScanSettings::Mode::Items)},
                                Named{"files", int(ScanSettings::Mode::Rows)}};
-constexpr std::array kLongPresses = {
-    Named{"cap", int(ScanSettings::LongPress::None)},
-    Named{"anterior", int(ScanSettings::LongPress::PreviousLevel)},
-    Named{"inicial", int(ScanSettings::LongPress::InitialLevel)}};
+constexpr std::array kLongPresses = {Named{"cap", int(ScanSettings::LongPress::None)},
+                                     Named{"anterior", int(ScanSettings::LongPress::PreviousLevel)},
+                                     Named{"inicial", int(ScanSettings::LongPress::InitialLevel)}};
 
-template <std::size_t N>
-QString nameOf(const std::array<Named, N>& names, int value) {
+template <std::size_t N> QString nameOf(const std::array<Named, N>& names, int value) {
     for (const Named& named : names)
         if (named.value == value)
             return QString::fromLatin1(named.name);
@@ -49,11 +47,11 @@ void takeNumber(const QString& text, int& target, int least = 0) {
 }
 
 // Keys that a Template may set, then the pupil's own.
-const QStringList kSheetKeys = {
-    QStringLiteral("Mode"),   QStringLiteral("Commutadors"),   QStringLiteral("Interval"),
-    QStringLiteral("PrimerElement"), QStringLiteral("Voltes"), QStringLiteral("Acceptacio"),
-    QStringLiteral("Pausa"),  QStringLiteral("PremudaLlarga"), QStringLiteral("AccioLlarga"),
-    QStringLiteral("Veu")};
+const QStringList kSheetKeys = {QStringLiteral("Mode"),        QStringLiteral("Commutadors"),
+                                QStringLiteral("Interval"),    QStringLiteral("PrimerElement"),
+                                QStringLiteral("Voltes"),      QStringLiteral("Acceptacio"),
+                                QStringLiteral("Pausa"),       QStringLiteral("PremudaLlarga"),
+                                QStringLiteral("AccioLlarga"), QStringLiteral("Veu")};
 const QStringList kSwitchKeys = {QStringLiteral("Avancar"), QStringLiteral("Seleccionar")};
 
 QString valueOf(const ScanSettings& s, const QString& key) {
@@ -86,7 +84,8 @@ void apply(ScanSettings& s, const QString& key, const QString& raw) {
     const QString text = raw.trimmed();
     if (key.compare(u"Mode", Qt::CaseInsensitive) == 0)
         takeName(kModes, text, s.mode);
-    else if (key.compare(u"Commutadors", Qt::CaseInsensitive) == 0 && (text == u"1" || text == u"2"))
+    else if (key.compare(u"Commutadors", Qt::CaseInsensitive) == 0 &&
+             (text == u"1" || text == u"2"))
         s.switches = text.toInt();
     else if (key.compare(u"Avancar", Qt::CaseInsensitive) == 0 && !text.isEmpty())
         s.advance = text;
@@ -116,7 +115,8 @@ ScanSettings readScanSettings(const PrivateProfile& file) {
     ScanSettings settings;
     for (const QStringList& keys : {kSheetKeys, kSwitchKeys})
         for (const QString& key : keys)
-            apply(settings, key, file.readString(kSection, key, valueOf(settings, key), kBufferSize));
+            apply(settings, key,
+                  file.readString(kSection, key, valueOf(settings, key), kBufferSize));
     return settings;
 }
 

@@ -20,14 +20,14 @@ struct ScanSettings {
     // or an evdev button name ("BTN_TRIGGER").
     QString advance = QStringLiteral("F5");
     QString select = QStringLiteral("F6");
-    int intervalMs = 1500;     // how long each row or item stays highlighted
-    int firstExtraMs = 1000;   // added on the first row or item of a round
-    int loops = 3;             // rounds without a choice before the highlight rests; 0 never
-    int acceptanceMs = 100;    // a switch counts once held this long
-    int pauseMs = 1000;        // after a choice, presses are ignored this long
-    int longPressMs = 0;       // a press held this long is a long press; 0: none
+    int intervalMs = 1500;   // how long each row or item stays highlighted
+    int firstExtraMs = 1000; // added on the first row or item of a round
+    int loops = 3;           // rounds without a choice before the highlight rests; 0 never
+    int acceptanceMs = 100;  // a switch counts once held this long
+    int pauseMs = 1000;      // after a choice, presses are ignored this long
+    int longPressMs = 0;     // a press held this long is a long press; 0: none
     LongPress longPress = LongPress::PreviousLevel;
-    bool speak = false;        // auditory scanning: each highlighted item is read aloud
+    bool speak = false; // auditory scanning: each highlighted item is read aloud
 
     bool isOn() const { return mode != Mode::Off; }
     friend bool operator==(const ScanSettings&, const ScanSettings&) = default;

@@ -1,6 +1,6 @@
 #include "scanning/ScanLayout.h"
-#include "scanning/ScanText.h"
 
+#include "scanning/ScanText.h"
 #include "support/TestAreas.h"
 #include "template/AreaHitTest.h"
 
@@ -27,7 +27,8 @@ QString layoutOf(const Template& t) {
         QStringList items;
         for (const ScanItem& item : row) {
             items.append(QString::number(item.area));
-            EXPECT_EQ(FindArea(t, item.x, item.y).index, item.area) << "press point of " << item.area;
+            EXPECT_EQ(FindArea(t, item.x, item.y).index, item.area)
+                << "press point of " << item.area;
         }
         rows.append(items.join(u' '));
     }
@@ -36,18 +37,25 @@ QString layoutOf(const Template& t) {
 
 TEST(ScanLayoutTest, RowsRunTopToBottomAndLeftToRightWhateverTheSizes) {
     const LayoutCase cases[] = {
-        {"a grid stored in any order", {{60, 0, 119, 59, "d"}, {0, 60, 59, 119, "a"},
-                                        {0, 0, 59, 59, "c"}, {60, 60, 119, 119, "b"}},
+        {"a grid stored in any order",
+         {{60, 0, 119, 59, "d"},
+          {0, 60, 59, 119, "a"},
+          {0, 0, 59, 59, "c"},
+          {60, 60, 119, 119, "b"}},
          "2 4|3 1"},
         {"a tall Area beside two rows belongs to the first",
-         {{0, 0, 39, 119, "tall"}, {40, 60, 119, 119, "up"}, {40, 0, 119, 59, "down"}}, "1 2|3"},
+         {{0, 0, 39, 119, "tall"}, {40, 60, 119, 119, "up"}, {40, 0, 119, 59, "down"}},
+         "1 2|3"},
         {"uneven heights in one row", {{0, 80, 30, 119, "a"}, {40, 90, 70, 110, "b"}}, "1 2"},
-        {"an Area that does nothing is not scanned", {{0, 0, 50, 50, ""}, {60, 0, 110, 50, "x"}},
+        {"an Area that does nothing is not scanned",
+         {{0, 0, 50, 50, ""}, {60, 0, 110, 50, "x"}},
          "2"},
         {"an Area wholly under an earlier one is not scanned",
-         {{0, 0, 100, 100, "big"}, {10, 10, 20, 20, "hidden"}}, "1"},
+         {{0, 0, 100, 100, "big"}, {10, 10, 20, 20, "hidden"}},
+         "1"},
         {"a partly covered Area is pressed where it shows",
-         {{0, 0, 60, 100, "left"}, {0, 0, 100, 100, "under"}}, "1 2"},
+         {{0, 0, 60, 100, "left"}, {0, 0, 100, 100, "under"}},
+         "1 2"},
     };
     for (const LayoutCase& c : cases) {
         Template t;

@@ -12,8 +12,8 @@ TEST(ScanSettingsTest, ReadsTheSectionAndKeepsDefaultsForBadValues) {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("MERVAK.INI"));
     test::writeAll(path, "[Exploracio]\r\nMode=Files\r\nCommutadors=3\r\nAvancar=space\r\n"
-                          "Seleccionar=boto1\r\nInterval=2000\r\nPausa=-5\r\nVoltes=x\r\n"
-                          "AccioLlarga=inicial\r\nVeu=1\r\n");
+                         "Seleccionar=boto1\r\nInterval=2000\r\nPausa=-5\r\nVoltes=x\r\n"
+                         "AccioLlarga=inicial\r\nVeu=1\r\n");
     const ScanSettings read = readScanSettings(PrivateProfile(path));
     ScanSettings expected;
     expected.mode = ScanSettings::Mode::Rows;

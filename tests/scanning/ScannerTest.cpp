@@ -35,14 +35,16 @@ Template twoByTwo() {
 class Harness {
 public:
     explicit Harness(const ScanSettings& settings)
-        : scanner(clock, {[this] { return scanRows(tmpl); }, [this] { return busy; },
-                          [this](int16_t area) { return scanLabel(tmpl.area(area).ActionText); },
-                          [this](int16_t area) { return scanLevelOf(tmpl.area(area).ActionText); }}) {
+        : scanner(clock,
+                  {[this] { return scanRows(tmpl); }, [this] { return busy; },
+                   [this](int16_t area) { return scanLabel(tmpl.area(area).ActionText); },
+                   [this](int16_t area) { return scanLevelOf(tmpl.area(area).ActionText); }}) {
         QObject::connect(&scanner, &Scanner::highlightChanged, [this](const QList<int16_t>& areas) {
             QStringList names;
             for (const int16_t area : areas)
                 names.append(QString::number(area));
-            log.append(QStringLiteral("hl:") + (names.isEmpty() ? QStringLiteral("-") : names.join(u',')));
+            log.append(QStringLiteral("hl:") +
+                       (names.isEmpty() ? QStringLiteral("-") : names.join(u',')));
         });
         QObject::connect(&scanner, &Scanner::pressRequested, [this](int16_t x, int16_t y) {
             const int16_t area = FindArea(tmpl, x, y).index;
@@ -50,8 +52,9 @@ public:
             if (tmpl.area(area).ActionText.startsWith(QStringLiteral("{|Pagina 2}")))
                 tmpl.CurrentPage = 2;
         });
-        QObject::connect(&scanner, &Scanner::speakRequested,
-                         [this](const QString& text) { log.append(QStringLiteral("say:") + text); });
+        QObject::connect(&scanner, &Scanner::speakRequested, [this](const QString& text) {
+            log.append(QStringLiteral("say:") + text);
+        });
         scanner.setSettings(settings);
     }
 
@@ -125,8 +128,7 @@ TEST(ScannerTest, ScriptsGiveTheirHighlightsPressesAndSpeech) {
         {"a press shorter than the acceptance time counts for nothing", items(1),
          "dS +99 uS +100 dS +100 uS", "hl:1 press:1"},
         {"presses in the pause after a choice count for nothing, held or not", items(1),
-         "dS +100 uS +500 dS +100 uS +100 dS +600 uS +100 dS +100 uS",
-         "hl:1 press:1 hl:1 press:1"},
+         "dS +100 uS +500 dS +100 uS +100 dS +600 uS +100 dS +100 uS", "hl:1 press:1 hl:1 press:1"},
         {"scanning starts again only once the ActionText has ended", items(1),
          "busy dS +100 uS +3000 idle", "hl:1 press:1 hl:1"},
         {"two switches: nothing shows until the first advance; a row is entered", rows(2),

@@ -3,7 +3,7 @@
 # item: each choice types its word into the terminal, which keeps the focus and
 # never sees the switch keys; a choice that changes page scans the new page.
 #   scanning_switches.sh BIN_DIR SOURCE_DIR   (run inside scripts/with-display.sh)
-# With MERVAK_E2E_SHOT set, the screen is saved there with the first row highlighted.
+# With MERVAK_SCAN_SHOT set, the screen is saved there with the first row highlighted.
 set -euo pipefail
 bin=$1
 source=$2
@@ -66,7 +66,7 @@ start_scanning files
 switches F5 F6 F5 F6
 # The first row highlighted; then "mar", "terra" (page 2) and "foc".
 switches F5
-[ -z "${MERVAK_E2E_SHOT:-}" ] || import -window root "$MERVAK_E2E_SHOT"
+[ -z "${MERVAK_SCAN_SHOT:-}" ] || import -window root "$MERVAK_SCAN_SHOT"
 switches F5 F6 F6  F5 F5 F6 F5 F6  F5 F6 F6
 expect_received "lluna mar terra foc " 5 scanning_rows
 [ "$(xdotool getactivewindow)" = "$terminal" ] || fail "the terminal lost the focus"
