@@ -93,13 +93,13 @@ TEST(MvwFormat, TheSheetSizeAndScanningFollowTheLastRecordWhenSet) {
         QByteArray bytes;
         QSize size;
         QString scanning;
-    } cases[] = {{golden, {270, 190}},
-                 {golden + a4, {297, 210}},
+    } cases[] = {{golden, {270, 190}, ""},
+                 {golden + a4, {297, 210}, ""},
                  {golden + a4 + scan, {297, 210}, "Mode=files"},
                  {golden + scan, {270, 190}, "Mode=files"},
-                 {golden + "\"MidaLamina\"\r\n 0 \r\n 210 \r\n", {270, 190}},
-                 {golden + "\"altres\"\r\n 297 \r\n 210 \r\n", {270, 190}},
-                 {golden + "brossa", {270, 190}}};
+                 {golden + "\"MidaLamina\"\r\n 0 \r\n 210 \r\n", {270, 190}, ""},
+                 {golden + "\"altres\"\r\n 297 \r\n 210 \r\n", {270, 190}, ""},
+                 {golden + "brossa", {270, 190}, ""}};
     for (const auto& c : cases) {
         Template t;
         ASSERT_FALSE(readMvw(c.bytes, t)) << c.bytes.mid(golden.size()).data();
