@@ -1,6 +1,7 @@
 #include "app/Application.h"
 
 #include "app/DeviceSetupDialog.h"
+#include "app/ScanningDialog.h"
 #include "app/TrackerCalibrationForm.h"
 #include "devices/QtSerialLink.h"
 #include "editor/AreaGeometry.h"
@@ -79,6 +80,7 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
     wireEditor();
     wireRunner();
     wireTrust();
+    wireScanning();
 }
 
 Application::~Application() = default;
@@ -108,6 +110,7 @@ bool Application::start() {
             recovery_.path();
     setStatus(startupNotice_);
     tablet_->start();
+    scanning_->start();
     openFromCommandLine();
     timer2_.start(kTargetTickMs);
     return true;
@@ -274,6 +277,66 @@ void Application::wireEditor() {
             &AreaEditor::drawWithDevice);
     connect(window_.editorActions().draw, &QAction::toggled, dispatcher_.get(),
             &PressDispatcher::setDrawWithDevice);
+}
+
+// A scanned choice is a press of the sheet, with the tablet's click.
+void Application::wireScanning() {
+    scanning_ = std::make_unique<ScanningController>(
+        session_, clock_, switchGrab_, virtualTablet_.sheet(),
+        ScanningController::Effects{[this](int16_t x, int16_t y) {
+                                        if (session_.tmpl.SoundActive != 0)
+                                            sound_.click();
+                                        dispatcher_->DispatchPress(x, y);
+                                    },
+                                    [this](const QString& text) {
+                                        if (const QString problem = speech_.speak(
+                                                text, session_.actionState.speakerNumber);
+                                            !problem.isEmpty())
+                                            setStatus(problem);
+                                    },
+                                    [this] { return runner_->isBusy(); },
+                                    [this] {
+                                        if (!virtualTablet_.isVisible())
+                                            showVirtualTablet(true);
+                                    },
+                                    [this](const QString& text) { setStatus(text); }});
+    connect(&editor(), &EditorController::templateChanged, scanning_.get(),
+            &ScanningController::templateChanged);
+    connect(runner_.get(), &ActionRunner::busyChanged, scanning_.get(), [this](bool busy) {
+        if (!busy)
+            scanning_->actionTextsFinished();
+    });
+    connect(tablet_.get(), &TabletControl::deviceButton, scanning_.get(),
+            &ScanningController::deviceButton);
+    connect(&window_, &MainWindow::scanningRequested, this, &Application::editScanning);
+}
+
+// The pupil's settings go to MERVAK.INI; a Template's own go into it, to be saved with it.
+void Application::editScanning() {
+    const bool templateOnly = !session_.tmpl.Exploracio.isEmpty();
+    const ScanSettings current =
+        withTemplateScan(scanning_->userSettings(), session_.tmpl.Exploracio);
+    ScanningDialog dialog(current, templateOnly, session_.language(), &window_);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    ScanSettings chosen = dialog.settings();
+    const QString sheetText = dialog.templateOnly() ? templateScanText(chosen) : QString();
+    if (sheetText != session_.tmpl.Exploracio) {
+        editor().keepForUndo(session_.tmpl);
+        session_.tmpl.Exploracio = sheetText;
+        session_.tmpl.Modified = true;
+        window_.setWindowModified(true);
+    }
+    if (dialog.templateOnly()) { // the switches stay the pupil's
+        ScanSettings user = scanning_->userSettings();
+        user.advance = chosen.advance;
+        user.select = chosen.select;
+        chosen = user;
+    }
+    QString error;
+    if (!writeScanSettings(PrivateProfile(settingsFilePath(session_.homeFolder)), chosen, &error))
+        setStatus(error);
+    scanning_->setUserSettings(chosen);
 }
 
 void Application::wireRunner() {
@@ -530,6 +593,7 @@ void Application::closeAtOnce() {
 // The closing routine: the device stops, then the program ends.
 void Application::closeProgram() {
     timer2_.stop();
+    scanning_->stop();
     tablet_->stop();
     virtualTablet_.hide();
     window_.closeForGood();

@@ -10,6 +10,7 @@
 #include "app/MainWindow.h"
 #include "app/ReaderWindow.h"
 #include "app/TrustQuestion.h"
+#include "app/ScanningController.h"
 #include "app/VirtualTablet.h"
 #include "dispatch/PressDispatcher.h"
 #include "dispatch/TabletControl.h"
@@ -30,6 +31,7 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Keyboard.h"
 #include "platform/x11/X11Pointer.h"
+#include "platform/x11/X11SwitchGrab.h"
 #include "platform/x11/X11WindowSystem.h"
 #include "session/Session.h"
 
@@ -70,6 +72,8 @@ private:
     void wireRunner();
     void wireTrust();
     void judgeTemplate(const QString& file);
+    void wireScanning();
+    void editScanning();
 
     void translate();
     void chooseLanguage(Language language);
@@ -129,6 +133,8 @@ private:
     FocusAfterDialogs focusAfterDialogs_;
     std::unique_ptr<EditorAssembly> assembly_;
     QTimer timer2_;
+    X11SwitchGrab switchGrab_;
+    std::unique_ptr<ScanningController> scanning_;
 };
 
 } // namespace mervak

@@ -189,6 +189,8 @@ void MainWindow::buildOptionsMenu() {
     connect(virtualTablet_, &QAction::toggled, this, &MainWindow::virtualTabletToggled);
     connect(addCaptioned(options, QStringLiteral("&Activar aplicació")), &QAction::triggered, this,
             &MainWindow::activateTargetRequested);
+    scanning_ = addCaptioned(options, QStringLiteral("&Exploració..."));
+    connect(scanning_, &QAction::triggered, this, &MainWindow::scanningRequested);
     startAtLogin_ = addCaptioned(options, QStringLiteral("&Iniciar amb la sessió"));
     startAtLogin_->setCheckable(true);
     connect(startAtLogin_, &QAction::toggled, this, &MainWindow::startAtLoginToggled);
@@ -352,6 +354,7 @@ void MainWindow::lock() {
     startAtLogin_->setVisible(false);
     reopenLast_->setVisible(false);
     tabletTestButton_->hide();
+    scanning_->setVisible(false);
     tabletButton_->setContextMenuPolicy(Qt::NoContextMenu);
     toolBar_->hide();
     toolBar_->toggleViewAction()->setVisible(false);

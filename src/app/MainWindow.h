@@ -77,6 +77,7 @@ signals:
     void aboutRequested();
     void propertiesRequested();
     void trackerCalibrationRequested();
+    void scanningRequested();
     void exportSheetRequested();
     void thumbnailRequested();
     void printSheetRequested();
@@ -114,6 +115,7 @@ private:
     QToolButton* tabletTestButton_ = nullptr;
     QAction* trackerCalibration_ = nullptr;
     QToolButton* tabletButton_ = nullptr;
+    QAction* scanning_ = nullptr;
     QAction* tabletTest_ = nullptr; // also the tablet button's context menu
     QLabel* modelPicture_ = nullptr;
     QLabel* tabletCaption_ = nullptr; // MsgTaulAct

@@ -4,6 +4,8 @@
 #include "platform/PrivateProfile.h"
 
 #include <QFileInfo>
+#include <libevdev/libevdev.h>
+#include <linux/input.h>
 
 namespace mervak {
 
@@ -142,6 +144,8 @@ void InputDevice::onEvents(const std::vector<InputEvent>& events) {
     if (!decoder_)
         return;
     for (const InputEvent& event : events) {
+        if (event.type == EV_KEY && event.value != 2) // 2: the kernel's auto-repeat
+            emit buttonChanged(event.code, event.value != 0);
         const PressPoint press = decoder_->press();
         const PressPoint pointer = decoder_->pointer();
         const bool touching = decoder_->contact().has_value();
@@ -154,6 +158,10 @@ void InputDevice::onEvents(const std::vector<InputEvent>& events) {
         if (decoder_->press() != press)
             emit positionArrived(decoder_->press());
     }
+}
+
+int InputDevice::buttonCode(const QString& name) {
+    return libevdev_event_code_from_name(EV_KEY, name.trimmed().toUpper().toLatin1().constData());
 }
 
 // A press held when the device went away ends with it.

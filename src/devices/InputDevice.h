@@ -36,6 +36,9 @@ public:
     // The device or recording in use.
     QString portPath() const { return path_; }
 
+    // The evdev key code of a button name such as "BTN_TRIGGER"; -1 when there is none.
+    static int buttonCode(const QString& name);
+
     // How often a lost device is looked for again.
     static constexpr int kReconnectMs = 1000;
 
@@ -48,6 +51,8 @@ signals:
     void pointerMoved(mervak::PressPoint pointer);
     // A touch or button began, at this reading of the device (see InputDecoder::contact).
     void touchedDown(QPoint reading);
+    // A button (evdev key code) went down or up, whatever the model makes of it.
+    void buttonChanged(int code, bool down);
     void statusMessage(const QString& text);
     void lost();
     void resumed();

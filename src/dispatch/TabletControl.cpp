@@ -45,6 +45,7 @@ TabletControl::TabletControl(Session& session, SerialLinkFactory makeLink,
     connect(&input_, &InputDevice::positionArrived, this, &TabletControl::onPosition);
     connect(&input_, &InputDevice::pointerMoved, this, &TabletControl::pointerMoved);
     connect(&input_, &InputDevice::touchedDown, this, &TabletControl::touchedDown);
+    connect(&input_, &InputDevice::buttonChanged, this, &TabletControl::deviceButton);
     connect(&input_, &InputDevice::statusMessage, this, &TabletControl::statusMessage);
     // An unplugged device says so; plugged back, it is as the user left it.
     connect(&input_, &InputDevice::lost, this, [this] {

@@ -61,6 +61,8 @@ signals:
     void positionArrived(mervak::PressPoint position);
     // An evdev device was touched at this reading of its own (see InputDevice).
     void touchedDown(QPoint reading);
+    // A button of an evdev device (its key code) went down or up.
+    void deviceButton(int code, bool down);
     void stateChanged(bool active, const QString& caption);
     // A device was searched for: true when one started. When none did, message
     // 113 is in caption() for the user.

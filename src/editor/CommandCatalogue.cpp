@@ -103,6 +103,9 @@ QList<CommandEntry> buildEntries() {
 #endif
     entries += {
         entry({"Tancar"}, "{|Tancar}"),
+        // Level blocks do nothing when pressed; switch scanning follows them.
+        entry({"Exploració nivell anterior"}, "{|Nivell -1}"),
+        entry({"Exploració nivell inicial"}, "{|Nivell 0}"),
         entry({kMouse, "Moure's a..."}, "{|Mouse M x y }", "x"),
         entry({kMouse, "Amunt"}, "{|Mouse A n}", "n"),
         entry({kMouse, "Avall"}, "{|Mouse R n}", "n"),

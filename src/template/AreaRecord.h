@@ -23,6 +23,12 @@ inline QString sheetSizeTag() {
     return QStringLiteral("MidaLamina");
 }
 
+// The quoted value that opens a Template's own scanning settings, stored after
+// the sheet size: then one quoted line of them.
+inline QString scanSettingsTag() {
+    return QStringLiteral("Exploracio");
+}
+
 void writeAreaRecord(FieldWriter& out, const Area& a, AreaRecordLayout layout);
 
 // Throws FieldError where the record is malformed.

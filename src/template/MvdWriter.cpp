@@ -148,6 +148,7 @@ private:
             {"sv_idioma", t_.sv_idioma != 0},           {"sv_locutor", t_.sv_locutor != 0},
             {"SV_velocitat", t_.SV_velocitat != 0},     {"MidaLamina", !t_.hasTabletSheetSize()},
             {"FonsPagina", !t_.PagePictures.isEmpty()}, {"Cella", hasCells()},
+            {"Exploracio", !t_.Exploracio.isEmpty()},
         };
         for (const auto& [name, present] : fields)
             if (present)

@@ -67,6 +67,8 @@ bool readRecord(FieldReader& in, Template& t) {
         readPagePicture(in, t);
     else if (tag == cellTag())
         readCell(in, t);
+    else if (tag == scanSettingsTag())
+        t.Exploracio = in.readQuoted();
     else
         return false;
     return true;
@@ -88,6 +90,10 @@ void writeSheetRecords(FieldWriter& out, const Template& t) {
     for (int i = 1; i <= t.AreaCount(); ++i)
         if (const auto& cell = t.area(i).Cell)
             writeCell(out, static_cast<int16_t>(i), *cell);
+    if (!t.Exploracio.isEmpty()) {
+        out.writeQuoted(scanSettingsTag());
+        out.writeQuoted(t.Exploracio);
+    }
 }
 
 void readSheetRecords(FieldReader& in, Template& t) {

@@ -72,6 +72,9 @@ public:
     // FitxGraf under every page, so every page takes it as its own and looks
     // as it did.
     void beginComposing();
+    // The Template's own switch scanning, "Key=value" pairs joined by ";"; empty
+    // when the user's settings apply. Stored after the last Area record.
+    QString Exploracio;
 
     // Editing state, never stored.
     QString TemplateFileName;

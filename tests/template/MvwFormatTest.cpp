@@ -85,27 +85,33 @@ TEST(MvwFormat, SaveAsWritesTheVersion1LayoutUnderNumber2) {
 }
 
 // Older readers stop after the last record; other text there is still ignored.
-TEST(MvwFormat, TheSheetSizeFollowsTheLastRecordWhenItIsNotTheTablets) {
+TEST(MvwFormat, TheSheetSizeAndScanningFollowTheLastRecordWhenSet) {
     const QByteArray golden = readAll(dataPath("template/golden-v2.mvw"));
     const QByteArray a4 = "\"MidaLamina\"\r\n 297 \r\n 210 \r\n";
+    const QByteArray scan = "\"Exploracio\"\r\n\"Mode=files\"\r\n";
     const struct {
         QByteArray bytes;
         QSize size;
-    } cases[] = {{golden, {270, 190}},
-                 {golden + a4, {297, 210}},
-                 {golden + "\"MidaLamina\"\r\n 0 \r\n 210 \r\n", {270, 190}},
-                 {golden + "\"altres\"\r\n 297 \r\n 210 \r\n", {270, 190}},
-                 {golden + "brossa", {270, 190}}};
+        QString scanning;
+    } cases[] = {{golden, {270, 190}, ""},
+                 {golden + a4, {297, 210}, ""},
+                 {golden + a4 + scan, {297, 210}, "Mode=files"},
+                 {golden + scan, {270, 190}, "Mode=files"},
+                 {golden + "\"MidaLamina\"\r\n 0 \r\n 210 \r\n", {270, 190}, ""},
+                 {golden + "\"altres\"\r\n 297 \r\n 210 \r\n", {270, 190}, ""},
+                 {golden + "brossa", {270, 190}, ""}};
     for (const auto& c : cases) {
         Template t;
         ASSERT_FALSE(readMvw(c.bytes, t)) << c.bytes.mid(golden.size()).data();
         EXPECT_EQ(QSize(t.SheetWidthMm, t.SheetHeightMm), c.size)
             << c.bytes.mid(golden.size()).data();
+        EXPECT_EQ(t.Exploracio, c.scanning) << c.bytes.mid(golden.size()).data();
     }
     Template t = goldenVersion2();
     t.SheetWidthMm = 297;
     t.SheetHeightMm = 210;
-    EXPECT_EQ(writeMvw(t), golden + a4);
+    t.Exploracio = QStringLiteral("Mode=files");
+    EXPECT_EQ(writeMvw(t), golden + a4 + scan);
     Template saveAs;
     ASSERT_FALSE(readMvw(writeMvwSaveAs(t), saveAs));
     EXPECT_EQ(QSize(saveAs.SheetWidthMm, saveAs.SheetHeightMm), QSize(297, 210));

@@ -1,0 +1,81 @@
+#!/usr/bin/env bash
+# Two switch keys scan a 2 x 2 sheet of four words, row by row and then item by
+# item: each choice types its word into the terminal, which keeps the focus and
+# never sees the switch keys; a choice that changes page scans the new page.
+#   scanning_switches.sh BIN_DIR SOURCE_DIR   (run inside scripts/with-display.sh)
+# With MERVAK_SCAN_SHOT set, the screen is saved there with the first row highlighted.
+set -euo pipefail
+bin=$1
+source=$2
+. "$(dirname "$0")/terminal.sh"
+
+# Page 1: "sol" "lluna" over "mar" "terra" (which goes to page 2); page 2: "foc"
+# beside "aire" (which goes back).
+record() { printf ' %s \r\n %s \r\n %s \r\n %s \r\n %s \r\n""\r\n"%s"\r\n 0 \r\n' "$@"; }
+{
+  printf ' 2 \r\n 0 \r\n\r\n 6 \r\n""\r\n 0 \r\n""\r\n""\r\n""\r\n"Mervak demo"\r\n""\r\n 2 \r\n 0 \r\n'
+  printf ' 0 \r\n 0 \r\n 0 \r\n 100 \r\n'
+  record 0 60 59 119 1 "sol "
+  record 60 60 119 119 1 "lluna "
+  record 0 0 59 59 1 "mar "
+  record 60 0 119 59 1 "terra {|Pagina 2}"
+  record 0 0 59 119 2 "foc "
+  record 60 0 119 119 2 "aire {|Pagina 1}"
+} >"$work/scan.mvw"
+
+fail() { echo "FAIL: $*"; cat "$work/mervak.log"; exit 1; }
+
+# Starts Mervak scanning in MODE, waits for it, and gives the terminal the focus.
+start_scanning() {
+  printf '[Mervak]\r\nModel=DIL\r\n[Exploracio]\r\nMode=%s\r\nCommutadors=2\r\nAvancar=F5\r\nSeleccionar=F6\r\nAcceptacio=0\r\nPausa=300\r\n' \
+    "$1" >"$work/home/MERVAK.INI"
+  "$bin/mervak" --home "$work/home" "$work/scan.mvw" 2>"$work/mervak.log" &
+  mervak=$!
+  # Without a tablet a message box says so; it is closed, then the terminal is the pupil's.
+  for _ in $(seq 100); do
+    box=$(xdotool search --onlyvisible --name "^MERVAK$" 2>/dev/null | head -n 1) && [ -n "$box" ] && break
+    sleep 0.1
+  done
+  [ -n "$box" ] || fail "Mervak did not start"
+  while xdotool search --onlyvisible --name "^MERVAK$" >/dev/null 2>&1; do
+    xdotool windowactivate --sync "$box" key --clearmodifiers Return 2>/dev/null || true
+    sleep 0.2
+  done
+  terminal=$(xdotool search --name "^Mervak demo$" | head -n 1)
+  xdotool windowactivate --sync "$terminal"
+  sleep 0.5
+}
+
+# Presses the switch keys in turn, as a pupil would, leaving the pause after a
+# choice (300 ms) and the typing their time.
+switches() {
+  for key in "$@"; do
+    xdotool key "$key"
+    if [ "$key" = F6 ]; then sleep 0.6; else sleep 0.15; fi
+  done
+}
+
+stop_mervak() {
+  kill "$mervak"
+  wait "$mervak" 2>/dev/null || true
+}
+
+start_terminal
+start_scanning files
+# "lluna": the first row, its second item.
+switches F5 F6 F5 F6
+# The first row highlighted; then "mar", "terra" (page 2) and "foc".
+switches F5
+[ -z "${MERVAK_SCAN_SHOT:-}" ] || import -window root "$MERVAK_SCAN_SHOT"
+switches F5 F6 F6  F5 F5 F6 F5 F6  F5 F6 F6
+expect_received "lluna mar terra foc " 5 scanning_rows
+[ "$(xdotool getactivewindow)" = "$terminal" ] || fail "the terminal lost the focus"
+stop_mervak
+
+start_scanning elements
+# "sol", then "terra" (page 2), then "aire" (page 1 again), then "lluna".
+switches F5 F6  F5 F5 F5 F5 F6  F5 F5 F6  F5 F5 F6
+expect_received "lluna mar terra foc sol terra aire lluna " 5 scanning_items
+[ "$(xdotool getactivewindow)" = "$terminal" ] || fail "the terminal lost the focus"
+stop_mervak
+echo "PASS: each choice typed its word; the switch keys never reached the terminal"
