@@ -146,7 +146,14 @@ QString generalHelp() {
         "Els missatges són en la llengua de MERVAK.INI (IDIOMA) o, si no n'hi ha, de LANG.\n"
         "Estat de sortida: 0 correcte; 1 un fitxer no s'ha pogut llegir o escriure;\n"
         "2 ordre mal escrita o un canvi que la plantilla no admet; 3 fet, però amb avisos\n"
-        "(problemes trobats o dades que el format .mvd no pot desar).\n"));
+        "(problemes trobats o dades que el format .mvd no pot desar).\n")) +
+           text(QStringLiteral(
+               "\n"
+               "Taulers de comunicació (Open Board Format):\n"
+               "  import TAULER.obf|TAULER.obz -o FITXER.mvw\n"
+               "                           fa una plantilla dels taulers, un per pàgina\n"
+               "  export FITXER.mvw -o TAULER.obz\n"
+               "                           desa la plantilla com a taulers, un per pàgina\n"));
 }
 
 QString commandHelp(const QString& command) {
@@ -189,6 +196,21 @@ QString commandHelp(const QString& command) {
         {QStringLiteral("page-paste"),
          QStringLiteral("Ús: mervak-cli page-paste FITXER PÀGINA MODEL [--output SORTIDA]\n"
                         "Afegeix les àrees del MODEL a la PÀGINA.\n")},
+        {QStringLiteral("import"),
+         QStringLiteral("Ús: mervak-cli import TAULER.obf|TAULER.obz -o FITXER.mvw\n"
+                        "Converteix un tauler (.obf) o un paquet de taulers (.obz) en una\n"
+                        "plantilla: cada tauler, una pàgina; cada botó, una àrea amb la seva\n"
+                        "imatge, etiqueta i colors, que escriu i diu el seu text; els enllaços\n"
+                        "entre taulers, canvis de pàgina. Les imatges es desen a la carpeta\n"
+                        "FITXER-imatges, al costat de la plantilla. El que no s'ha pogut portar\n"
+                        "es llista i l'estat de sortida és 3.\n")},
+        {QStringLiteral("export"),
+         QStringLiteral("Ús: mervak-cli export FITXER.mvw -o TAULER.obz\n"
+                        "Desa la plantilla com a paquet de taulers (Open Board Format), un\n"
+                        "tauler per pàgina, amb les etiquetes, imatges, colors, el que diu\n"
+                        "cada àrea i els canvis de pàgina com a enllaços. El text d'accions\n"
+                        "sencer hi viatja, i el Mervak el recupera en importar-lo. El que els\n"
+                        "altres programes no veuran es llista i l'estat de sortida és 3.\n")},
         {QStringLiteral("page-delete"),
          QStringLiteral("Ús: mervak-cli page-delete FITXER PÀGINA [--output SORTIDA]\n"
                         "Elimina la PÀGINA i les seves àrees; les pàgines següents baixen un\n"

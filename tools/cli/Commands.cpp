@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "BoardCommands.h"
 #include "CliText.h"
 #include "TemplateJson.h"
 #include "platform/Checked16.h"
@@ -271,6 +272,13 @@ int runCommand(const QString& command, const QStringList& arguments, CommandCont
         {QStringLiteral("page-paste"), {pagePaste, {}, true}},
         {QStringLiteral("page-delete"), {pageDelete, {}, true}},
     };
+    // Commands that read their own options.
+    static const QHash<QString, int (*)(const QStringList&, CommandContext&)> ownOptions = {
+        {QStringLiteral("import"), runImportCommand},
+        {QStringLiteral("export"), runExportCommand},
+    };
+    if (const auto own = ownOptions.constFind(command); own != ownOptions.cend())
+        return own.value()(arguments, c);
     const auto found = commands.constFind(command);
     if (found == commands.cend()) {
         c.err << text(QStringLiteral("Ordre desconeguda: ")) << command << "\n\n" << generalHelp();
