@@ -205,7 +205,12 @@ constexpr CaptionPair kCaptions[] = {
     {u"La plantilla només té una pàgina i no es pot eliminar: no s'ha fet res.",
      u"La plantilla solo tiene una página y no se puede eliminar: no se ha hecho nada."},
     {u"Ordre desconeguda: ", u"Orden desconocida: "},
-    // mervak-cli import and export (Open Board Format).
+    // Communication boards (Open Board Format) in the editor and in mervak-cli.
+    {u"Taulers de comunicació (Open Board)", u"Tableros de comunicación (Open Board)"},
+    {u"Desar la plantilla importada", u"Guardar la plantilla importada"},
+    {u"Del tauler no s'ha pogut portar:", u"Del tablero no se ha podido traer:"},
+    {u"Els altres programes no veuran:", u"Los otros programas no verán:"},
+    {u"... i %1 més", u"... y %1 más"},
     {u"El nom de sortida ha d'acabar en .mvw: ", u"El nombre de salida debe acabar en .mvw: "},
     {u"El nom de sortida ha d'acabar en .obz: ", u"El nombre de salida debe acabar en .obz: "},
     {u"Desat: ", u"Guardado: "},
