@@ -1,5 +1,6 @@
 #include "app/DocumentController.h"
 
+#include "app/BoardExchange.h"
 #include "editor/widgets/Dialogs.h"
 #include "platform/Settings.h"
 #include "sheet/Composition.h"
@@ -124,7 +125,7 @@ void DocumentController::openWithDialog() {
     if (!mayDiscardChanges())
         return;
     const QString path = chooseFileToOpen(&window_, context_.session.language(), kTemplateTitle,
-                                          {kMervakTemplates, kMsDosTemplates},
+                                          {kMervakTemplates, kMsDosTemplates, boardFilter(false)},
                                           startFolder(context_.session, recent_.files()));
     if (!path.isEmpty())
         open(path);
@@ -144,6 +145,11 @@ void DocumentController::openFile(const QString& path) {
 
 bool DocumentController::open(const QString& path) {
     const Language language = context_.session.language();
+    // A board is imported into a Template of its own, which is then opened.
+    if (isBoardFile(path)) {
+        const QString imported = importBoardWithDialog(&window_, language, path);
+        return !imported.isEmpty() && open(imported);
+    }
     const OpenOutcome outcome =
         openTemplate(context_.session.tmpl, path, context_.session.workingFolder());
     if (outcome.error) {
@@ -181,8 +187,10 @@ bool DocumentController::saveAs() {
 
 bool DocumentController::saveWithDialog(bool saveAs) {
     const Template& t = context_.session.tmpl;
-    const QList<FileFilter> filters = saveAs ? QList<FileFilter>{kMervakTemplates, kMsDosTemplates}
-                                             : QList<FileFilter>{kMervakTemplates};
+    QList<FileFilter> filters = saveAs ? QList<FileFilter>{kMervakTemplates, kMsDosTemplates}
+                                       : QList<FileFilter>{kMervakTemplates};
+    if (saveAs)
+        filters.append(boardFilter(true));
     int filter = 0;
     const QString start =
         t.isUntitled() ? startFolder(context_.session, recent_.files()) : saveName(t, saveAs);
@@ -194,6 +202,15 @@ bool DocumentController::saveWithDialog(bool saveAs) {
     // The MS-DOS filter chosen with a name typed without its extension.
     if (saveAs && filter == 1 && QFileInfo(path).suffix().toUpper() == QLatin1String("MVW"))
         path = path.left(path.size() - 3) + QStringLiteral("MVD");
+    // Boards are an export: the Template stays what and where it was.
+    const bool package = QFileInfo(path).suffix().toLower() == QLatin1String("obz");
+    if (saveAs && filter == 2 && !package)
+        path = QFileInfo(path).dir().filePath(QFileInfo(path).completeBaseName() +
+                                              QStringLiteral(".obz"));
+    if (saveAs && (filter == 2 || package))
+        return exportBoardReporting(&window_, context_.session.language(), t, path,
+                                    t.isUntitled() ? context_.session.workingFolder()
+                                                   : QFileInfo(t.TemplateFileName).absolutePath());
     return finishSave(write(path, saveAs));
 }
 

@@ -230,6 +230,53 @@ constexpr CaptionPair kCaptions[] = {
     {u"La plantilla només té una pàgina i no es pot eliminar: no s'ha fet res.",
      u"La plantilla solo tiene una página y no se puede eliminar: no se ha hecho nada."},
     {u"Ordre desconeguda: ", u"Orden desconocida: "},
+    // Communication boards (Open Board Format) in the editor and in mervak-cli.
+    {u"Taulers de comunicació (Open Board)", u"Tableros de comunicación (Open Board)"},
+    {u"Desar la plantilla importada", u"Guardar la plantilla importada"},
+    {u"Del tauler no s'ha pogut portar:", u"Del tablero no se ha podido traer:"},
+    {u"Els altres programes no veuran:", u"Los otros programas no verán:"},
+    {u"... i %1 més", u"... y %1 más"},
+    {u"El nom de sortida ha d'acabar en .mvw: ", u"El nombre de salida debe acabar en .mvw: "},
+    {u"El nom de sortida ha d'acabar en .obz: ", u"El nombre de salida debe acabar en .obz: "},
+    {u"Desat: ", u"Guardado: "},
+    {u"\n"
+     u"Taulers de comunicació (Open Board Format):\n"
+     u"  import TAULER.obf|TAULER.obz -o FITXER.mvw\n"
+     u"                           fa una plantilla dels taulers, un per pàgina\n"
+     u"  export FITXER.mvw -o TAULER.obz\n"
+     u"                           desa la plantilla com a taulers, un per pàgina\n",
+     u"\n"
+     u"Tableros de comunicación (Open Board Format):\n"
+     u"  import TABLERO.obf|TABLERO.obz -o ARCHIVO.mvw\n"
+     u"                           hace una plantilla de los tableros, uno por página\n"
+     u"  export ARCHIVO.mvw -o TABLERO.obz\n"
+     u"                           guarda la plantilla como tableros, uno por página\n"},
+    {u"Ús: mervak-cli import TAULER.obf|TAULER.obz -o FITXER.mvw\n"
+     u"Converteix un tauler (.obf) o un paquet de taulers (.obz) en una\n"
+     u"plantilla: cada tauler, una pàgina; cada botó, una àrea amb la seva\n"
+     u"imatge, etiqueta i colors, que escriu i diu el seu text; els enllaços\n"
+     u"entre taulers, canvis de pàgina. Les imatges es desen a la carpeta\n"
+     u"FITXER-imatges, al costat de la plantilla. El que no s'ha pogut portar\n"
+     u"es llista i l'estat de sortida és 3.\n",
+     u"Uso: mervak-cli import TABLERO.obf|TABLERO.obz -o ARCHIVO.mvw\n"
+     u"Convierte un tablero (.obf) o un paquete de tableros (.obz) en una\n"
+     u"plantilla: cada tablero, una página; cada botón, un área con su\n"
+     u"imagen, etiqueta y colores, que escribe y dice su texto; los enlaces\n"
+     u"entre tableros, cambios de página. Las imágenes se guardan en la carpeta\n"
+     u"ARCHIVO-imatges, al lado de la plantilla. Lo que no se ha podido traer\n"
+     u"se lista y el estado de salida es 3.\n"},
+    {u"Ús: mervak-cli export FITXER.mvw -o TAULER.obz\n"
+     u"Desa la plantilla com a paquet de taulers (Open Board Format), un\n"
+     u"tauler per pàgina, amb les etiquetes, imatges, colors, el que diu\n"
+     u"cada àrea i els canvis de pàgina com a enllaços. El text d'accions\n"
+     u"sencer hi viatja, i el Mervak el recupera en importar-lo. El que els\n"
+     u"altres programes no veuran es llista i l'estat de sortida és 3.\n",
+     u"Uso: mervak-cli export ARCHIVO.mvw -o TABLERO.obz\n"
+     u"Guarda la plantilla como paquete de tableros (Open Board Format), un\n"
+     u"tablero por página, con las etiquetas, imágenes, colores, lo que dice\n"
+     u"cada área y los cambios de página como enlaces. El texto de acciones\n"
+     u"entero viaja con ellos, y Mervak lo recupera al importarlo. Lo que los\n"
+     u"otros programas no verán se lista y el estado de salida es 3.\n"},
     {u"La plantilla passaria de 32767 àrees o pàgines: no s'ha fet res.",
      u"La plantilla pasaría de 32767 áreas o páginas: no se ha hecho nada."},
     {u"--seed vol un nombre enter no negatiu: %1",

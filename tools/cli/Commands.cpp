@@ -1,6 +1,7 @@
 #include "Commands.h"
 
 #include "AuditCommand.h"
+#include "BoardCommands.h"
 #include "CliText.h"
 #include "SheetCommand.h"
 #include "SheetCommands.h"
@@ -287,6 +288,8 @@ int runCommand(const QString& command, const QStringList& arguments, CommandCont
         {QStringLiteral("cell"), runCell},
         {QStringLiteral("symbols"), runSymbolsCommand},
         {QStringLiteral("sheet"), runSheetCommand},
+        {QStringLiteral("import"), runImportCommand},
+        {QStringLiteral("export"), runExportCommand},
     };
     if (const auto own = ownParsers.constFind(command); own != ownParsers.cend())
         return own.value()(arguments, c);
