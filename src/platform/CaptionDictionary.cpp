@@ -209,6 +209,8 @@ constexpr CaptionPair kCaptions[] = {
      u"La plantilla pasaría de 32767 áreas o páginas: no se ha hecho nada."},
     {u"--seed vol un nombre enter no negatiu: %1",
      u"--seed necesita un número entero no negativo: %1"},
+    {u"--platform vol x11, wayland, portal o auto: %1",
+     u"--platform necesita x11, wayland, portal o auto: %1"},
     {u"--key-delay vol els mil·lisegons entre dues tecles, de 0 a %1: %2",
      u"--key-delay necesita los milisegundos entre dos teclas, de 0 a %1: %2"},
     {u"No es troba la carpeta %1", u"No se encuentra la carpeta %1"},
@@ -373,9 +375,11 @@ constexpr CaptionPair kCaptions[] = {
      u"  --seed N           llavor de {|Tria}, per repetir les mateixes tries\n"
      u"  --folder CARPETA   la carpeta de treball (la carpeta actual si no n'hi ha)\n"
      u"  --key-delay MS     pausa entre dues tecles, en mil·lisegons (0 per defecte)\n"
+     u"  --platform NOM     x11, wayland (sway i altres compositors wlroots), portal\n"
+     u"                     (GNOME, KDE) o auto, com la clau Plataforma de MERVAK.INI\n"
      u"  --                 acaba les opcions: action -- \"-5\" escriu -5\n"
      u"\n"
-     u"Sense --dry-run cal una pantalla X (DISPLAY).\n"
+     u"Sense --dry-run cal una pantalla X (DISPLAY) o un escriptori Wayland.\n"
      u"Estat de sortida: 0 correcte; 1 hi ha hagut problemes (notació mal escrita,\n"
      u"finestra o fitxer no trobat, sense pantalla); 2 ordre mal escrita.\n",
      u"Uso: mervak-cli action TEXTO [opciones]\n"
@@ -390,9 +394,11 @@ constexpr CaptionPair kCaptions[] = {
      u"  --seed N           semilla de {|Tria}, para repetir las mismas elecciones\n"
      u"  --folder CARPETA   la carpeta de trabajo (la carpeta actual si no la hay)\n"
      u"  --key-delay MS     pausa entre dos teclas, en milisegundos (0 por defecto)\n"
+     u"  --platform NOMBRE  x11, wayland (sway y otros compositores wlroots), portal\n"
+     u"                     (GNOME, KDE) o auto, como la clave Plataforma de MERVAK.INI\n"
      u"  --                 termina las opciones: action -- \"-5\" escribe -5\n"
      u"\n"
-     u"Sin --dry-run hace falta una pantalla X (DISPLAY).\n"
+     u"Sin --dry-run hace falta una pantalla X (DISPLAY) o un escritorio Wayland.\n"
      u"Estado de salida: 0 correcto; 1 ha habido problemas (notación mal escrita,\n"
      u"ventana o archivo no encontrado, sin pantalla); 2 orden mal escrita.\n"},
     // Webcam tracker calibration form.

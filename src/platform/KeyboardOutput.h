@@ -11,13 +11,16 @@ namespace mervak {
 // Why type() sent nothing, in no language: the caller words it in the user's.
 struct TypingError {
     enum class Reason {
-        NoDisplayNamed,   // no display was named to connect to
-        DisplayNotOpened, // `detail`: the display's name
-        DisplayLost,      // the connection to the display broke
-        NoKeyboardMap,    // the keyboard map cannot be read
-        KeyNotTypeable,   // `stroke`: no keyboard can type it
-        NoFreeKeycode,    // `stroke`: no key is left to put it on
-        NoModifierKey,    // `detail`: the modifier no key gives ("Shift", "Mod5", ...)
+        NoDisplayNamed,       // no display was named to connect to
+        DisplayNotOpened,     // `detail`: the display's name
+        DisplayLost,          // the connection to the display broke
+        NoKeyboardMap,        // the keyboard map cannot be read
+        KeyNotTypeable,       // `stroke`: no keyboard can type it
+        NoFreeKeycode,        // `stroke`: no key is left to put it on
+        NoModifierKey,        // `detail`: the modifier no key gives ("Shift", "Mod5", ...)
+        CompositorNotReached, // `detail`: the Wayland display's name
+        NoVirtualKeyboard,    // the Wayland compositor offers no way to type
+        RemoteControlRefused, // the desktop (or the user) refused remote control
     };
     Reason reason = Reason::DisplayLost;
     KeyStroke stroke;

@@ -20,6 +20,7 @@ QString readText(const PrivateProfile& file, const QString& key, const QString& 
 }
 
 const QString kVirtualTabletKey = QStringLiteral("TeclatAuxiliar");
+const QString kPortalTokenKey = QStringLiteral("PermisEscriptori");
 
 // Four integers, or a null rectangle when the value is not that.
 QRect placeFromText(const QString& text) {
@@ -74,6 +75,11 @@ Settings readSettings(const PrivateProfile& file) {
     if (!closeWord.isEmpty())
         settings.closeWord = closeWord;
     settings.virtualTabletPlace = placeFromText(readText(file, kVirtualTabletKey, QString()));
+    settings.platform =
+        platformKindFromName(readText(file, QStringLiteral("Plataforma"), QStringLiteral("auto")))
+            .value_or(PlatformKind::Automatic);
+    settings.portalRestoreToken =
+        file.readString(kSection, kPortalTokenKey, QString(), kPathBufferSize).trimmed();
     return settings;
 }
 
@@ -89,6 +95,10 @@ bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place, QSt
                              .arg(place.width())
                              .arg(place.height());
     return file.writeString(kSection, kVirtualTabletKey, text, error);
+}
+
+bool writePortalRestoreToken(const PrivateProfile& file, const QString& token, QString* error) {
+    return file.writeString(kSection, kPortalTokenKey, token, error);
 }
 
 QString portSetting(const Settings& settings) {

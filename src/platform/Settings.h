@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Language.h"
+#include "platform/PlatformChoice.h"
 #include "platform/PrivateProfile.h"
 
 #include <QRect>
@@ -32,6 +33,11 @@ struct Settings {
     QString closeWord = QStringLiteral("mervak");
     // Where the user last left the virtual tablet, in screen pixels; null until then.
     QRect virtualTabletPlace;
+    // "Plataforma": the backend that types ("auto", "x11", "wayland", "portal").
+    PlatformKind platform = PlatformKind::Automatic;
+    // "PermisEscriptori": the remote desktop portal's token for the teacher's
+    // consent, so the desktop asks once, not at every start.
+    QString portalRestoreToken;
 };
 
 QString settingsFilePath(const QString& homeFolder);
@@ -43,6 +49,11 @@ bool writeLanguage(const PrivateProfile& file, Language language, QString* error
 
 // The virtual tablet's place, stored as key "TeclatAuxiliar": "left top width height".
 bool writeVirtualTabletPlace(const PrivateProfile& file, const QRect& place,
+                             QString* error = nullptr);
+
+// The remote desktop portal's restore token, stored as key "PermisEscriptori";
+// an empty token removes the consent.
+bool writePortalRestoreToken(const PrivateProfile& file, const QString& token,
                              QString* error = nullptr);
 
 // Takes a "Port" value as MERVAK.INI's reading does.
