@@ -217,7 +217,7 @@ constexpr CaptionPair kCaptions[] = {
     {u"Falta el text d'accions", u"Falta el texto de acciones"},
     {u"Només hi pot haver un text d'accions; poseu-lo entre cometes si té espais",
      u"Solo puede haber un texto de acciones; póngalo entre comillas si tiene espacios"},
-    {u"Ús: mervak [--home CARPETA] [--locked] [PLANTILLA]\n"
+    {u"Ús: mervak [--home CARPETA] [--locked] [--platform NOM] [PLANTILLA]\n"
      u"Obre la PLANTILLA (.mvw o .mvd) i la fa servir amb la tauleta.\n"
      u"\n"
      u"  --home CARPETA  la carpeta de MERVAK.INI i dels models de pàgina; si no\n"
@@ -225,10 +225,13 @@ constexpr CaptionPair kCaptions[] = {
      u"                  un MERVAK.INI, o $XDG_CONFIG_HOME/mervak\n"
      u"  --locked        per a la sessió d'un alumne: sense els menús d'edició, i\n"
      u"                  tancar demana la paraula del mestre (ParaulaTancar)\n"
+     u"  --platform NOM  com s'escriu als altres programes: x11, wayland (sway i\n"
+     u"                  altres compositors wlroots), portal (GNOME, KDE) o auto,\n"
+     u"                  com la clau Plataforma de MERVAK.INI\n"
      u"  --help          aquesta ajuda\n"
      u"  --version       la versió del programa\n"
      u"  --              acaba les opcions: el que segueix és la plantilla\n",
-     u"Uso: mervak [--home CARPETA] [--locked] [PLANTILLA]\n"
+     u"Uso: mervak [--home CARPETA] [--locked] [--platform NOMBRE] [PLANTILLA]\n"
      u"Abre la PLANTILLA (.mvw o .mvd) y la usa con la tableta.\n"
      u"\n"
      u"  --home CARPETA  la carpeta de MERVAK.INI y de los modelos de página; si no\n"
@@ -236,6 +239,9 @@ constexpr CaptionPair kCaptions[] = {
      u"                  un MERVAK.INI, o $XDG_CONFIG_HOME/mervak\n"
      u"  --locked        para la sesión de un alumno: sin los menús de edición, y\n"
      u"                  cerrar pide la palabra del maestro (ParaulaTancar)\n"
+     u"  --platform NOMBRE  cómo se escribe en los otros programas: x11, wayland (sway\n"
+     u"                  y otros compositores wlroots), portal (GNOME, KDE) o auto,\n"
+     u"                  como la clave Plataforma de MERVAK.INI\n"
      u"  --help          esta ayuda\n"
      u"  --version       la versión del programa\n"
      u"  --              termina las opciones: lo que sigue es la plantilla\n"},
