@@ -14,6 +14,7 @@ declare -A allowed=(
   [platform/audio]="platform/audio platform"
   [platform/wayland]="platform/wayland platform"
   [platform/portal]="platform/portal platform"
+  [platform/backends]="platform/backends platform/x11 platform/wayland platform/portal platform"
   [template]="template platform"
   [action]="action platform"
   [action/dryrun]="action/dryrun action platform"

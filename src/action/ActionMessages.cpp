@@ -80,6 +80,15 @@ constexpr MessageRow kRows[] = {
      u"no queda ningún código de tecla libre para %1"},
     {ActionProblem::NoModifierKey, kOwnText, u"cap tecla del teclat no dona el modificador %1",
      u"ninguna tecla del teclado da el modificador %1"},
+    {ActionProblem::CompositorNotReached, kOwnText,
+     u"no es pot connectar amb el compositor Wayland \"%1\"",
+     u"no se puede conectar con el compositor Wayland \"%1\""},
+    {ActionProblem::NoVirtualKeyboard, kOwnText,
+     u"el compositor Wayland no ofereix cap teclat virtual (proveu --platform portal)",
+     u"el compositor Wayland no ofrece ningún teclado virtual (pruebe --platform portal)"},
+    {ActionProblem::RemoteControlRefused, kOwnText,
+     u"l'escriptori no ha permès el control remot del teclat",
+     u"el escritorio no ha permitido el control remoto del teclado"},
     {ActionProblem::FileNotFound, 15, {}, {}},
     {ActionProblem::FileNotRead, 3, {}, {}},
     {ActionProblem::NotationError, kOwnText, u"Al caràcter %2 %1", u"En el carácter %2 %1"},
@@ -144,6 +153,12 @@ ActionProblem problemOf(TypingError::Reason reason) {
         return ActionProblem::NoFreeKeycode;
     case TypingError::Reason::NoModifierKey:
         return ActionProblem::NoModifierKey;
+    case TypingError::Reason::CompositorNotReached:
+        return ActionProblem::CompositorNotReached;
+    case TypingError::Reason::NoVirtualKeyboard:
+        return ActionProblem::NoVirtualKeyboard;
+    case TypingError::Reason::RemoteControlRefused:
+        return ActionProblem::RemoteControlRefused;
     }
     return ActionProblem::DisplayLost;
 }

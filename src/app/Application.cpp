@@ -47,12 +47,31 @@ QString modelPicture(const QString& model) {
     return {};
 }
 
+// The backend MERVAK.INI or the command line names, else the session's; the
+// portal's consent is kept in MERVAK.INI.
+std::unique_ptr<PlatformBackends> connectBackends(const QString& homeFolder,
+                                                  PlatformKind platform) {
+    const PrivateProfile settingsFile(settingsFilePath(homeFolder));
+    const Settings settings = readSettings(settingsFile);
+    PlatformBackends::Options options;
+    options.kind = platform;
+    options.setting = settings.platform;
+    options.portalToken = settings.portalRestoreToken;
+    options.keepPortalToken = [settingsFile](const QString& token) {
+        writePortalRestoreToken(settingsFile, token);
+    };
+    return PlatformBackends::create(options);
+}
+
 } // namespace
 
-Application::Application(const QStringList& arguments, const QString& homeFolder, bool locked)
+Application::Application(const QStringList& arguments, const QString& homeFolder, bool locked,
+                         PlatformKind platformKind)
     : arguments_(arguments), session_(homeFolder), locked_(locked),
-      autostart_(Autostart::currentConfigFolder()), keyboard_(x11_), pointer_(x11_), windows_(x11_),
-      midi_(audio_), sound_(audio_, midi_), speechEngine_(audio_), speech_(speechEngine_),
+      autostart_(Autostart::currentConfigFolder()),
+      backends_(connectBackends(homeFolder, platformKind)), keyboard_(backends_->keyboard()),
+      pointer_(backends_->pointer()), windows_(backends_->windows()), midi_(audio_),
+      sound_(audio_, midi_), speechEngine_(audio_), speech_(speechEngine_),
       soundSwitch_(sound_, speech_, [this] { return session_.tmpl.SoundActive != 0; }),
       recovery_(homeFolder),
       targetTracker_(windows_, [this](WindowId window) { return isOwnWindow(window); }),
@@ -108,6 +127,8 @@ bool Application::start() {
         startupNotice_ =
             TranslateCaption(session_.language(), QStringLiteral("Hi ha edicions no desades a ")) +
             recovery_.path();
+    else
+        startupNotice_ = backends_->notice(session_.language());
     setStatus(startupNotice_);
     tablet_->start();
     scanning_->start();
@@ -504,10 +525,12 @@ QString Application::targetTitle() const {
         return session_.tmpl.TxFinestra;
     if (session_.actionState.TargetWindow == kNoWindow)
         return {};
-    return const_cast<X11WindowSystem&>(windows_).title(session_.actionState.TargetWindow);
+    return windows_.title(session_.actionState.TargetWindow);
 }
 
 bool Application::isOwnWindow(WindowId window) const {
+    if (const std::optional<bool> own = backends_->isOwnWindow(window))
+        return *own;
     for (const QWidget* widget : QApplication::topLevelWidgets())
         if (widget->internalWinId() == window)
             return true;

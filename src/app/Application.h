@@ -25,14 +25,11 @@
 #include "platform/audio/AudioSound.h"
 #include "platform/audio/EspeakEngine.h"
 #include "platform/audio/MidiPlayer.h"
+#include "platform/backends/PlatformBackends.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtProgramLauncher.h"
 #include "platform/qt/SystemClock.h"
-#include "platform/x11/X11Connection.h"
-#include "platform/x11/X11Keyboard.h"
-#include "platform/x11/X11Pointer.h"
 #include "platform/x11/X11SwitchGrab.h"
-#include "platform/x11/X11WindowSystem.h"
 #include "session/Session.h"
 
 #include <QObject>
@@ -49,7 +46,9 @@ class Application : public QObject {
 public:
     // `arguments` excludes the program name; `homeFolder` holds MERVAK.INI;
     // `locked` starts a pupil's session.
-    Application(const QStringList& arguments, const QString& homeFolder, bool locked = false);
+    // `platform` is the command line's choice of the backend that types.
+    Application(const QStringList& arguments, const QString& homeFolder, bool locked = false,
+                PlatformKind platform = PlatformKind::Automatic);
     ~Application() override;
 
     // Brings the program up; false when it must end at once (a second copy).
@@ -104,10 +103,10 @@ private:
     bool testingTablet_ = false; // the test dialog says itself why a device did not start
     Autostart autostart_;
 
-    X11Connection x11_;
-    X11Keyboard keyboard_;
-    X11Pointer pointer_;
-    X11WindowSystem windows_;
+    std::unique_ptr<PlatformBackends> backends_;
+    KeyboardOutput& keyboard_;
+    PointerOutput& pointer_;
+    WindowSystem& windows_;
     QtClipboard clipboard_;
     QtProgramLauncher launcher_;
     SystemClock clock_;

@@ -49,7 +49,7 @@ int main(int argc, char** argv) {
     QDir().mkpath(home);
     Application mervakApp(line.templatePath.isEmpty() ? QStringList()
                                                       : QStringList{line.templatePath},
-                          home, line.locked);
+                          home, line.locked, line.platform);
     if (!mervakApp.start())
         return 1;
     return QApplication::exec();

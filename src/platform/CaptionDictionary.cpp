@@ -281,13 +281,15 @@ constexpr CaptionPair kCaptions[] = {
      u"La plantilla pasaría de 32767 áreas o páginas: no se ha hecho nada."},
     {u"--seed vol un nombre enter no negatiu: %1",
      u"--seed necesita un número entero no negativo: %1"},
+    {u"--platform vol x11, wayland, portal o auto: %1",
+     u"--platform necesita x11, wayland, portal o auto: %1"},
     {u"--key-delay vol els mil·lisegons entre dues tecles, de 0 a %1: %2",
      u"--key-delay necesita los milisegundos entre dos teclas, de 0 a %1: %2"},
     {u"No es troba la carpeta %1", u"No se encuentra la carpeta %1"},
     {u"Falta el text d'accions", u"Falta el texto de acciones"},
     {u"Només hi pot haver un text d'accions; poseu-lo entre cometes si té espais",
      u"Solo puede haber un texto de acciones; póngalo entre comillas si tiene espacios"},
-    {u"Ús: mervak [--home CARPETA] [--locked] [PLANTILLA]\n"
+    {u"Ús: mervak [--home CARPETA] [--locked] [--platform NOM] [PLANTILLA]\n"
      u"Obre la PLANTILLA (.mvw o .mvd) i la fa servir amb la tauleta.\n"
      u"\n"
      u"  --home CARPETA  la carpeta de MERVAK.INI i dels models de pàgina; si no\n"
@@ -295,10 +297,13 @@ constexpr CaptionPair kCaptions[] = {
      u"                  un MERVAK.INI, o $XDG_CONFIG_HOME/mervak\n"
      u"  --locked        per a la sessió d'un alumne: sense els menús d'edició, i\n"
      u"                  tancar demana la paraula del mestre (ParaulaTancar)\n"
+     u"  --platform NOM  com s'escriu als altres programes: x11, wayland (sway i\n"
+     u"                  altres compositors wlroots), portal (GNOME, KDE) o auto,\n"
+     u"                  com la clau Plataforma de MERVAK.INI\n"
      u"  --help          aquesta ajuda\n"
      u"  --version       la versió del programa\n"
      u"  --              acaba les opcions: el que segueix és la plantilla\n",
-     u"Uso: mervak [--home CARPETA] [--locked] [PLANTILLA]\n"
+     u"Uso: mervak [--home CARPETA] [--locked] [--platform NOMBRE] [PLANTILLA]\n"
      u"Abre la PLANTILLA (.mvw o .mvd) y la usa con la tableta.\n"
      u"\n"
      u"  --home CARPETA  la carpeta de MERVAK.INI y de los modelos de página; si no\n"
@@ -306,6 +311,9 @@ constexpr CaptionPair kCaptions[] = {
      u"                  un MERVAK.INI, o $XDG_CONFIG_HOME/mervak\n"
      u"  --locked        para la sesión de un alumno: sin los menús de edición, y\n"
      u"                  cerrar pide la palabra del maestro (ParaulaTancar)\n"
+     u"  --platform NOMBRE  cómo se escribe en los otros programas: x11, wayland (sway\n"
+     u"                  y otros compositores wlroots), portal (GNOME, KDE) o auto,\n"
+     u"                  como la clave Plataforma de MERVAK.INI\n"
      u"  --help          esta ayuda\n"
      u"  --version       la versión del programa\n"
      u"  --              termina las opciones: lo que sigue es la plantilla\n"},
@@ -529,9 +537,11 @@ constexpr CaptionPair kCaptions[] = {
      u"  --seed N           llavor de {|Tria}, per repetir les mateixes tries\n"
      u"  --folder CARPETA   la carpeta de treball (la carpeta actual si no n'hi ha)\n"
      u"  --key-delay MS     pausa entre dues tecles, en mil·lisegons (0 per defecte)\n"
+     u"  --platform NOM     x11, wayland (sway i altres compositors wlroots), portal\n"
+     u"                     (GNOME, KDE) o auto, com la clau Plataforma de MERVAK.INI\n"
      u"  --                 acaba les opcions: action -- \"-5\" escriu -5\n"
      u"\n"
-     u"Sense --dry-run cal una pantalla X (DISPLAY).\n"
+     u"Sense --dry-run cal una pantalla X (DISPLAY) o un escriptori Wayland.\n"
      u"Estat de sortida: 0 correcte; 1 hi ha hagut problemes (notació mal escrita,\n"
      u"finestra o fitxer no trobat, sense pantalla); 2 ordre mal escrita.\n",
      u"Uso: mervak-cli action TEXTO [opciones]\n"
@@ -546,9 +556,11 @@ constexpr CaptionPair kCaptions[] = {
      u"  --seed N           semilla de {|Tria}, para repetir las mismas elecciones\n"
      u"  --folder CARPETA   la carpeta de trabajo (la carpeta actual si no la hay)\n"
      u"  --key-delay MS     pausa entre dos teclas, en milisegundos (0 por defecto)\n"
+     u"  --platform NOMBRE  x11, wayland (sway y otros compositores wlroots), portal\n"
+     u"                     (GNOME, KDE) o auto, como la clave Plataforma de MERVAK.INI\n"
      u"  --                 termina las opciones: action -- \"-5\" escribe -5\n"
      u"\n"
-     u"Sin --dry-run hace falta una pantalla X (DISPLAY).\n"
+     u"Sin --dry-run hace falta una pantalla X (DISPLAY) o un escritorio Wayland.\n"
      u"Estado de salida: 0 correcto; 1 ha habido problemas (notación mal escrita,\n"
      u"ventana o archivo no encontrado, sin pantalla); 2 orden mal escrita.\n"},
     // Webcam tracker calibration form.

@@ -98,13 +98,23 @@ ProgramCommandLine parseProgramCommandLine(const QStringList& arguments,
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QString());
     const QCommandLineOption version(QStringLiteral("version"), QString());
     const QCommandLineOption locked(QStringLiteral("locked"), QString());
-    parser.addOptions({home, help, version, locked});
+    const QCommandLineOption platform(QStringLiteral("platform"), QString(),
+                                      QStringLiteral("name"));
+    parser.addOptions({home, help, version, locked, platform});
     ProgramCommandLine line;
     line.error = parseCommandLine(parser, arguments);
     line.homeOption = parser.value(home);
     line.help = parser.isSet(help);
     line.version = parser.isSet(version);
     line.locked = parser.isSet(locked);
+    if (parser.isSet(platform)) {
+        const std::optional<PlatformKind> kind = platformKindFromName(parser.value(platform));
+        line.platform = kind.value_or(PlatformKind::Automatic);
+        if (!line.error && !kind)
+            line.error =
+                CommandLineError{QStringLiteral("--platform vol x11, wayland, portal o auto: %1"),
+                                 parser.value(platform)};
+    }
     const QStringList templates = parser.positionalArguments();
     if (!line.error && templates.size() > 1)
         line.error =
@@ -116,7 +126,7 @@ ProgramCommandLine parseProgramCommandLine(const QStringList& arguments,
 
 QString programHelpCaption() {
     return QStringLiteral(
-        "Ús: mervak [--home CARPETA] [--locked] [PLANTILLA]\n"
+        "Ús: mervak [--home CARPETA] [--locked] [--platform NOM] [PLANTILLA]\n"
         "Obre la PLANTILLA (.mvw o .mvd) i la fa servir amb la tauleta.\n"
         "\n"
         "  --home CARPETA  la carpeta de MERVAK.INI i dels models de pàgina; si no\n"
@@ -124,6 +134,9 @@ QString programHelpCaption() {
         "                  un MERVAK.INI, o $XDG_CONFIG_HOME/mervak\n"
         "  --locked        per a la sessió d'un alumne: sense els menús d'edició, i\n"
         "                  tancar demana la paraula del mestre (ParaulaTancar)\n"
+        "  --platform NOM  com s'escriu als altres programes: x11, wayland (sway i\n"
+        "                  altres compositors wlroots), portal (GNOME, KDE) o auto,\n"
+        "                  com la clau Plataforma de MERVAK.INI\n"
         "  --help          aquesta ajuda\n"
         "  --version       la versió del programa\n"
         "  --              acaba les opcions: el que segueix és la plantilla\n");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Language.h"
+#include "platform/PlatformChoice.h"
 
 #include <QString>
 #include <QStringList>
@@ -50,7 +51,8 @@ struct CommandLineError {
 std::optional<CommandLineError> parseCommandLine(QCommandLineParser& parser,
                                                  const QStringList& arguments);
 
-// The program's command line: "--home DIR", "--locked", "--help", "--version" and at most
+// The program's command line: "--home DIR", "--locked", "--platform NAME", "--help",
+// "--version" and at most
 // one Template; "--" ends the options.
 struct ProgramCommandLine {
     QString homeOption;
@@ -58,6 +60,7 @@ struct ProgramCommandLine {
     bool help = false;
     bool version = false;
     bool locked = false; // a pupil's session: no editing, closing asks the teacher's word
+    PlatformKind platform = PlatformKind::Automatic; // the backend that types
     std::optional<CommandLineError> error;
 };
 

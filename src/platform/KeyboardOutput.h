@@ -11,13 +11,16 @@ namespace mervak {
 // Why type() sent nothing, in no language: the caller words it in the user's.
 struct TypingError {
     enum class Reason {
-        NoDisplayNamed,   // no display was named to connect to
-        DisplayNotOpened, // `detail`: the display's name
-        DisplayLost,      // the connection to the display broke
-        NoKeyboardMap,    // the keyboard map cannot be read
-        KeyNotTypeable,   // `stroke`: no keyboard can type it
-        NoFreeKeycode,    // `stroke`: no key is left to put it on
-        NoModifierKey,    // `detail`: the modifier no key gives ("Shift", "Mod5", ...)
+        NoDisplayNamed,       // no display was named to connect to
+        DisplayNotOpened,     // `detail`: the display's name
+        DisplayLost,          // the connection to the display broke
+        NoKeyboardMap,        // the keyboard map cannot be read
+        KeyNotTypeable,       // `stroke`: no keyboard can type it
+        NoFreeKeycode,        // `stroke`: no key is left to put it on
+        NoModifierKey,        // `detail`: the modifier no key gives ("Shift", "Mod5", ...)
+        CompositorNotReached, // `detail`: the Wayland display's name
+        NoVirtualKeyboard,    // the Wayland compositor offers no way to type
+        RemoteControlRefused, // the desktop (or the user) refused remote control
     };
     Reason reason = Reason::DisplayLost;
     KeyStroke stroke;
@@ -37,6 +40,10 @@ public:
     // Calls `done` from the event loop once the focused client has had every key
     // sent so far delivered: the "waiting" of a waiting send. Never blocks.
     virtual void flush(std::function<void()> done) = 0;
+
+    // Calls `done` from the event loop once every key sent so far is delivered and
+    // the keyboard layout is the user's again, exactly, for a process about to end.
+    virtual void restoreLayout(std::function<void()> done) { flush(std::move(done)); }
 };
 
 } // namespace mervak

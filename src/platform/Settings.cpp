@@ -22,6 +22,7 @@ QString readText(const PrivateProfile& file, const QString& key, const QString& 
 const QString kVirtualTabletKey = QStringLiteral("TeclatAuxiliar");
 const QString kPictureFoldersKey = QStringLiteral("CarpetesDibuixos");
 const QString kReopenLastKey = QStringLiteral("ObrirDarrera");
+const QString kPortalTokenKey = QStringLiteral("PermisEscriptori");
 
 // Four integers, or a null rectangle when the value is not that.
 QRect placeFromText(const QString& text) {
@@ -84,6 +85,11 @@ Settings readSettings(const PrivateProfile& file) {
             .split(u';', Qt::SkipEmptyParts);
     settings.reopenLastTemplate =
         readText(file, kReopenLastKey, QStringLiteral("Si")).toUpper() != QStringLiteral("NO");
+    settings.platform =
+        platformKindFromName(readText(file, QStringLiteral("Plataforma"), QStringLiteral("auto")))
+            .value_or(PlatformKind::Automatic);
+    settings.portalRestoreToken =
+        file.readString(kSection, kPortalTokenKey, QString(), kPathBufferSize).trimmed();
     return settings;
 }
 
@@ -120,6 +126,10 @@ bool writePictureFolders(const PrivateProfile& file, const QStringList& folders,
 bool writeReopenLastTemplate(const PrivateProfile& file, bool reopen, QString* error) {
     return file.writeString(kSection, kReopenLastKey,
                             reopen ? QStringLiteral("Si") : QStringLiteral("No"), error);
+}
+
+bool writePortalRestoreToken(const PrivateProfile& file, const QString& token, QString* error) {
+    return file.writeString(kSection, kPortalTokenKey, token, error);
 }
 
 QString portSetting(const Settings& settings) {

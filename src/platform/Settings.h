@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Language.h"
+#include "platform/PlatformChoice.h"
 #include "platform/PrivateProfile.h"
 
 #include <QRect>
@@ -42,6 +43,11 @@ struct Settings {
     // Started without a file, the program opens the Template used last
     // ("ObrirDarrera"; only "No" turns it off).
     bool reopenLastTemplate = true;
+    // "Plataforma": the backend that types ("auto", "x11", "wayland", "portal").
+    PlatformKind platform = PlatformKind::Automatic;
+    // "PermisEscriptori": the remote desktop portal's token for the teacher's
+    // consent, so the desktop asks once, not at every start.
+    QString portalRestoreToken;
 };
 
 QString settingsFilePath(const QString& homeFolder);
@@ -64,6 +70,10 @@ bool writePictureFolders(const PrivateProfile& file, const QStringList& folders,
                          QString* error = nullptr);
 // The "ObrirDarrera" choice: "Si" or "No".
 bool writeReopenLastTemplate(const PrivateProfile& file, bool reopen, QString* error = nullptr);
+// The remote desktop portal's restore token, stored as key "PermisEscriptori";
+// an empty token removes the consent.
+bool writePortalRestoreToken(const PrivateProfile& file, const QString& token,
+                             QString* error = nullptr);
 
 // Takes a "Port" value as MERVAK.INI's reading does.
 void setPort(Settings& settings, const QString& port);

@@ -7,15 +7,14 @@
 #include "action/Speech.h"
 #include "action/dryrun/DryRunPlatform.h"
 #include "platform/NoRegistry.h"
+#include "platform/PrivateProfile.h"
+#include "platform/Settings.h"
 #include "platform/audio/AudioSound.h"
 #include "platform/audio/EspeakEngine.h"
+#include "platform/backends/PlatformBackends.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtProgramLauncher.h"
 #include "platform/qt/SystemClock.h"
-#include "platform/x11/X11Connection.h"
-#include "platform/x11/X11Keyboard.h"
-#include "platform/x11/X11Pointer.h"
-#include "platform/x11/X11WindowSystem.h"
 
 #include <QEventLoop>
 #include <QGuiApplication>
@@ -112,28 +111,65 @@ int dryRun(int argc, char** argv, const ActionOptions& options) {
     return problems > 0 ? kFailure : kSuccess;
 }
 
-WindowId targetWindow(X11WindowSystem& windows, const QString& title) {
+WindowId targetWindow(WindowSystem& windows, const QString& title) {
     if (title.isEmpty())
         return windows.activeWindow();
     return title == u"|" ? kNoWindow : windows.findByTitle(title);
 }
 
-int realRun(int argc, char** argv, const ActionOptions& options) {
-    X11Connection connection;
-    if (!connection.isOpen()) {
+// The backends MERVAK.INI and --platform choose; the portal's consent is kept in
+// MERVAK.INI too.
+std::unique_ptr<PlatformBackends> connectBackends(const ActionOptions& options,
+                                                  const QString& homeFolder) {
+    const PrivateProfile settingsFile(settingsFilePath(homeFolder));
+    const Settings settings = readSettings(settingsFile);
+    PlatformBackends::Options choice;
+    choice.kind = options.platform;
+    choice.setting = settings.platform;
+    choice.portalToken = settings.portalRestoreToken;
+    choice.keepPortalToken = [settingsFile](const QString& token) {
+        QString error;
+        if (!writePortalRestoreToken(settingsFile, token, &error))
+            errors() << error << '\n';
+    };
+    return PlatformBackends::create(choice);
+}
+
+// Waits until the backend can type: the desktop may be asking the teacher.
+void waitUntilReady(PlatformBackends& backends) {
+    bool ready = false;
+    QEventLoop loop;
+    backends.whenReady([&ready, &loop] {
+        ready = true;
+        loop.quit();
+    });
+    if (!ready)
+        loop.exec();
+}
+
+int realRun(int argc, char** argv, const ActionOptions& options, const QString& homeFolder) {
+    const PlatformKind kind = choosePlatform(
+        options.platform, readSettings(PrivateProfile(settingsFilePath(homeFolder))).platform,
+        qEnvironmentVariable("WAYLAND_DISPLAY"), qEnvironmentVariable("XDG_SESSION_TYPE"));
+    if (kind == PlatformKind::X11 && qEnvironmentVariable("DISPLAY").isEmpty()) {
         errors() << text(QStringLiteral("No es pot obrir la pantalla X; sense pantalla, feu servir "
                                         "--dry-run. DISPLAY="))
                  << '"' << qEnvironmentVariable("DISPLAY") << "\"\n";
         return kFailure;
     }
-    // The keys go to X11, so the clipboard must be X11's too, whatever Qt would pick.
-    qputenv("QT_QPA_PLATFORM", "xcb");
+    // The clipboard is X11's (or XWayland's) whatever Qt would pick; a Wayland
+    // session without XWayland has none that other programs share.
+    qputenv("QT_QPA_PLATFORM", qEnvironmentVariable("DISPLAY").isEmpty() ? "offscreen" : "xcb");
     QGuiApplication app(argc, argv);
+    std::unique_ptr<PlatformBackends> backends = connectBackends(options, homeFolder);
+    if (const QString notice = backends->notice(language()); !notice.isEmpty())
+        errors() << notice << '\n';
+    waitUntilReady(*backends);
     SelectionWatch selection;
-    X11Keyboard keyboard(connection);
-    keyboard.setKeyDelayMs(options.keyDelayMs);
-    X11WindowSystem windows(connection);
-    X11Pointer pointer(connection);
+    backends->setKeyDelayMs(options.keyDelayMs);
+    KeyboardOutput& keyboard = backends->keyboard();
+    WindowSystem& windows = backends->windows();
+    PointerOutput& pointer = backends->pointer();
     QtClipboard clipboard;
     QtProgramLauncher launcher;
     SystemClock clock;
@@ -170,7 +206,7 @@ int realRun(int argc, char** argv, const ActionOptions& options) {
 
 } // namespace
 
-int runActionCommand(int argc, char** argv) {
+int runActionCommand(int argc, char** argv, const QString& homeFolder) {
     QStringList arguments;
     for (int i = 2; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
@@ -184,7 +220,8 @@ int runActionCommand(int argc, char** argv) {
         QTextStream(stdout) << actionHelp();
         return kSuccess;
     }
-    return options->dryRun ? dryRun(argc, argv, *options) : realRun(argc, argv, *options);
+    return options->dryRun ? dryRun(argc, argv, *options)
+                           : realRun(argc, argv, *options, homeFolder);
 }
 
 } // namespace mervak::cli

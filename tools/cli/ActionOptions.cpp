@@ -12,8 +12,8 @@ namespace mervak::cli {
 namespace {
 
 const QStringList& valueOptions() {
-    static const QStringList names = {"register", "clipboard", "seed",
-                                      "target",   "folder",    "key-delay"};
+    static const QStringList names = {"register", "clipboard", "seed",    "target",
+                                      "folder",   "key-delay", "platform"};
     return names;
 }
 
@@ -38,6 +38,13 @@ bool apply(ActionOptions& options, const QString& option, const QString& value, 
                                          "de 0 a %1: %2"))
                          .arg(kMaxKeyDelayMs)
                          .arg(value);
+    } else if (option == u"platform") {
+        const std::optional<PlatformKind> kind = platformKindFromName(value);
+        ok = kind.has_value();
+        options.platform = kind.value_or(PlatformKind::Automatic);
+        if (!ok)
+            *error =
+                text(QStringLiteral("--platform vol x11, wayland, portal o auto: %1")).arg(value);
     } else {
         ok = QFileInfo(value).isDir();
         options.folder = QDir(value).absolutePath();
@@ -96,9 +103,11 @@ QString actionHelp() {
         "  --seed N           llavor de {|Tria}, per repetir les mateixes tries\n"
         "  --folder CARPETA   la carpeta de treball (la carpeta actual si no n'hi ha)\n"
         "  --key-delay MS     pausa entre dues tecles, en mil·lisegons (0 per defecte)\n"
+        "  --platform NOM     x11, wayland (sway i altres compositors wlroots), portal\n"
+        "                     (GNOME, KDE) o auto, com la clau Plataforma de MERVAK.INI\n"
         "  --                 acaba les opcions: action -- \"-5\" escriu -5\n"
         "\n"
-        "Sense --dry-run cal una pantalla X (DISPLAY).\n"
+        "Sense --dry-run cal una pantalla X (DISPLAY) o un escriptori Wayland.\n"
         "Estat de sortida: 0 correcte; 1 hi ha hagut problemes (notació mal escrita,\n"
         "finestra o fitxer no trobat, sense pantalla); 2 ordre mal escrita.\n"));
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/PlatformChoice.h"
+
 #include <QString>
 #include <QStringList>
 #include <cstdint>
@@ -17,7 +19,8 @@ struct ActionOptions {
     QString targetTitle;               // --target: the window that gets the keys; "|" for none
     QString folder;     // --folder: WorkingFolder, absolute; the current folder by default
     int keyDelayMs = 0; // --key-delay: pause between two keys, milliseconds
-    bool help = false;  // --help
+    PlatformKind platform = PlatformKind::Automatic; // --platform: x11, wayland, portal
+    bool help = false;                               // --help
 };
 
 constexpr int kMaxKeyDelayMs = 1000;

@@ -24,7 +24,8 @@ QStringList argumentsOf(int argc, char** argv) {
 
 // "action" reads its own options from an argv whose second word is "action";
 // the tool's options that came before it are left out.
-int runAction(const QString& program, const QStringList& actionArguments) {
+int runAction(const QString& program, const QStringList& actionArguments,
+              const QString& homeFolder) {
     std::vector<QByteArray> words{program.toLocal8Bit(), QByteArrayLiteral("action")};
     for (const QString& argument : actionArguments)
         words.push_back(argument.toLocal8Bit());
@@ -32,7 +33,7 @@ int runAction(const QString& program, const QStringList& actionArguments) {
     for (QByteArray& word : words)
         argv.push_back(word.data());
     argv.push_back(nullptr);
-    return cli::runActionCommand(static_cast<int>(words.size()), argv.data());
+    return cli::runActionCommand(static_cast<int>(words.size()), argv.data(), homeFolder);
 }
 
 } // namespace
@@ -69,7 +70,7 @@ int main(int argc, char** argv) {
         return cli::kUsage;
     }
     if (command.first() == QLatin1String("action"))
-        return runAction(all.first(), command.mid(1));
+        return runAction(all.first(), command.mid(1), homeFolder);
     std::unique_ptr<QCoreApplication> app;
     if (cli::drawsSheets(command.first())) {
         // Sheets are drawn off screen, with or without a display.

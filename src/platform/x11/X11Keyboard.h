@@ -65,7 +65,7 @@ public:
     // Sends what is queued, then gives the spare keycodes back once the target can
     // have decoded the keys sent on them, and calls `done`: the keyboard map is the
     // user's again, exactly. Typing again maps them anew.
-    void restoreLayout(std::function<void()> done);
+    void restoreLayout(std::function<void()> done) override;
 
     // Keymap changes made so far; each costs every client, the window manager most.
     int keymapChanges() const { return keymapChanges_; }

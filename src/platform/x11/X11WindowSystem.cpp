@@ -1,6 +1,6 @@
 #include "platform/x11/X11WindowSystem.h"
 
-#include "platform/x11/WindowTitleMatch.h"
+#include "platform/WindowTitleMatch.h"
 #include "platform/x11/X11Connection.h"
 
 #include <X11/Xatom.h>

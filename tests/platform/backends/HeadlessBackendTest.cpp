@@ -1,6 +1,6 @@
+#include "platform/WindowTitleMatch.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtProgramLauncher.h"
-#include "platform/x11/WindowTitleMatch.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Keyboard.h"
 #include "platform/x11/X11Pointer.h"

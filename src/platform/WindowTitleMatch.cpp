@@ -1,4 +1,4 @@
-#include "platform/x11/WindowTitleMatch.h"
+#include "platform/WindowTitleMatch.h"
 
 namespace mervak {
 
