@@ -39,7 +39,7 @@ import -window root "${MERVAK_E2E_SHOT:-$work/question.png}" 2>/dev/null || true
 kill "$mervak"
 wait "$mervak" || true
 [ ! -e "$created" ] || { echo "FAIL: the untrusted Template started a program"; exit 1; }
-grep -q "touch $created" "$work/mervak.log" ||
+grep -qF "no s'ha fet \"EXECUTA touch $created\"" "$work/mervak.log" ||
   { echo "FAIL: no log line for the skipped command"; cat "$work/mervak.log"; exit 1; }
 
 press_both "$work/escola" $'[Seguretat]\r\nCarpetesDeConfianca=~/nowhere;'"$work/escola"$'\r\n'
