@@ -5,6 +5,8 @@ namespace mervak {
 namespace {
 
 constexpr std::size_t kBytesPerLine = 8;
+constexpr int64_t kMaxSeconds = 1'000'000'000'000;
+constexpr int64_t kMaxMicros = 999'999;
 
 QString bad(const char* what) {
     return QString::fromLatin1(what);
@@ -98,7 +100,9 @@ bool EvemuParser::readAxis(const QList<QByteArray>& fields, QString* error) {
     if (!minOk || !maxOk)
         return *error = bad("an axis line without its range"), false;
     // Recordings do not keep where the axes stood: a stick starts centred.
-    axis.value = axis.minimum + (axis.maximum - axis.minimum) / 2;
+    // Halfway lies between the two, so it fits; the difference may not.
+    axis.value =
+        static_cast<int>(axis.minimum + (static_cast<int64_t>(axis.maximum) - axis.minimum) / 2);
     capabilities_.axes[code] = axis;
     return true;
 }
@@ -116,7 +120,11 @@ bool EvemuParser::readEvent(const QList<QByteArray>& fields, QString* error) {
     const int64_t seconds = time.first().toLongLong(&secondsOk);
     const int64_t micros = time.size() == 2 ? time[1].toLongLong(&microsOk) : 0;
     const int32_t value = fields[4].toInt(&valueOk);
-    if (!secondsOk || (time.size() == 2 && !microsOk) || time.size() > 2 || !valueOk)
+    // Times count up from the start of a recording; the bounds keep them in 64 bits.
+    const bool timeInRange =
+        seconds >= 0 && seconds <= kMaxSeconds && micros >= 0 && micros <= kMaxMicros;
+    if (!secondsOk || (time.size() == 2 && !microsOk) || time.size() > 2 || !valueOk ||
+        !timeInRange)
         return *error = bad("an event line with a bad time or value"), false;
     const int64_t timeUs = seconds * 1'000'000 + micros;
     if (firstTimeUs_ < 0)

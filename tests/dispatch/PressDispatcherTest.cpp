@@ -4,6 +4,7 @@
 #include "support/TestAreas.h"
 #include "support/TestFiles.h"
 
+#include <QDir>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <deque>
@@ -201,6 +202,27 @@ TEST_F(PressDispatcherTest, ClipFilesGoToTheClipboardBeforeTheActionText) {
     ASSERT_EQ(problem.size(), 1);
     EXPECT_TRUE(problem.first().first().toString().startsWith("Error en llegir el fitxer "));
     EXPECT_EQ(fired, QStringList{"A"}) << "a missing clip ends the press";
+}
+
+// An untrusted Template reads clip files from its own folder only; the press goes on.
+TEST_F(PressDispatcherTest, AnUntrustedTemplateReadsNoClipFromOutsideItsFolder) {
+    QTemporaryDir dir;
+    QDir(dir.path()).mkpath("plant");
+    test::writeAll(dir.filePath("plant/t.mvw"), "t");
+    test::writeAll(dir.filePath("plant/mine.txt"), "mine");
+    test::writeAll(dir.filePath("secret.txt"), "secret");
+    workingFolder = dir.filePath("plant");
+    ASSERT_EQ(session.trust.opened(dir.filePath("plant/t.mvw")), TrustPolicy::Standing::Unknown);
+    QSignalSpy problem(&dispatcher, &PressDispatcher::problem);
+    tmpl.area(1).Clip = "..\\secret.txt";
+    dispatcher.DispatchPress(30, 30);
+    EXPECT_TRUE(clipboard.text().isEmpty());
+    ASSERT_EQ(problem.size(), 1);
+    EXPECT_TRUE(problem.first().first().toString().startsWith("La plantilla no és de confiança"));
+    tmpl.area(2).Clip = "mine.txt";
+    dispatcher.DispatchPress(60, 60);
+    EXPECT_EQ(clipboard.text(), "mine");
+    EXPECT_EQ(fired, (QStringList{"A", "B"}));
 }
 
 TEST_F(PressDispatcherTest, DrawingWithThePenStartsMovesAndEnds) {

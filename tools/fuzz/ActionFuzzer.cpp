@@ -1,4 +1,4 @@
-#include "FuzzCheck.h"
+#include "PropertyCheck.h"
 #include "action/ActionRunner.h"
 #include "action/KeysPreview.h"
 #include "action/dryrun/DryRunPlatform.h"
