@@ -5,11 +5,15 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QClipboard>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -149,6 +153,33 @@ TEST_F(EditorWindowTest, TheCellPanelComposesTheSheet) {
     EXPECT_EQ(tmpl.CurrentPage, 2);
     EXPECT_EQ(tmpl.countAreasOfPage(2), 6);
     EXPECT_EQ(pageCounter()->text(), QStringLiteral("2/4 pàgines"));
+}
+
+// A picture dropped on the panel is named as the Template names files; one
+// pasted from the clipboard is kept beside it first.
+TEST_F(EditorWindowTest, PicturesComeDroppedOrPasted) {
+    QTemporaryDir folder;
+    workingFolder = folder.path();
+    QImage red(8, 8, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    ASSERT_TRUE(red.save(QDir(folder.path()).filePath(QStringLiteral("gos.png"))));
+    clickOnSheet({80, 80});
+    CellPanel* cells = window.panel()->cells();
+
+    QMimeData dropped;
+    dropped.setUrls({QUrl::fromLocalFile(QDir(folder.path()).filePath(QStringLiteral("gos.png")))});
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(cells, &enter);
+    EXPECT_TRUE(enter.isAccepted()) << "a picture file is welcome";
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(cells, &drop);
+    ASSERT_TRUE(tmpl.area(1).Cell.has_value());
+    EXPECT_EQ(tmpl.area(1).Cell->Picture, QStringLiteral("gos.png"));
+
+    QGuiApplication::clipboard()->setImage(red);
+    cells->findChild<QPushButton*>(QStringLiteral("EnganxarDibuix"))->click();
+    EXPECT_EQ(tmpl.area(1).Cell->Picture, QStringLiteral("dibuix-1.png"));
+    EXPECT_FALSE(QImage(QDir(folder.path()).filePath(QStringLiteral("dibuix-1.png"))).isNull());
 }
 
 TEST_F(EditorWindowTest, DeleteAPageAfterMessage107ThenUndo) {

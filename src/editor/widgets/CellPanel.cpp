@@ -82,6 +82,7 @@ void CellPanel::buildPictureRow(Language language) {
     pictureButton_->setObjectName(QStringLiteral("ImatgeCella"));
     setCaption(pictureButton_, QStringLiteral("Imatge..."), language);
     pasteButton_ = new QPushButton;
+    pasteButton_->setObjectName(QStringLiteral("EnganxarDibuix"));
     setCaption(pasteButton_, QStringLiteral("Enganxar un dibuix"), language);
     clearPicture_ = new QToolButton;
     clearPicture_->setText(QStringLiteral("×"));
