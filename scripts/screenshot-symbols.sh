@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Refreshes the pictures of docs/sheets.md from the real program: on a private display
 # Mervak makes a sheet from a word list ("Làmina de paraules...") and opens the symbol
-# picker on its first Area; both dialogs and the editor are grabbed.
+# picker on its first Area; both dialogs are grabbed. The sheet of the same words,
+# rendered by mervak-cli, is docs/sheet-from-words.png.
 #   scripts/screenshot-symbols.sh [BUILD_DIR]      (default build/release)
 # Needs Xvfb, openbox, xdotool and imagemagick (import), and the symbol library.
 set -euo pipefail
@@ -40,7 +41,6 @@ settle
 import -window "$words" docs/screenshot-word-sheet.png
 xdotool key ctrl+Return
 settle
-import -window "$main" docs/screenshot-word-sheet-editor.png
 
 # The first Area, and its symbol from the library.
 xdotool windowfocus --sync "$main" key ctrl+Right ctrl+b
@@ -48,4 +48,8 @@ picker=$(window '^Símbols$')
 settle
 import -window "$picker" docs/screenshot-symbol-picker.png
 xdotool key Escape
-echo "Refreshed docs/screenshot-word-sheet.png, docs/screenshot-word-sheet-editor.png and docs/screenshot-symbol-picker.png"
+(cd "$work" && "$OLDPWD/$build/bin/mervak-cli" --home "$work/home" sheet --words \
+  "gos gat vaca cavall ovella porc poma" --rows 2 --columns 3 --nav -o animals.mvw &&
+  "$OLDPWD/$build/bin/mervak-cli" --home "$work/home" render animals.mvw --page 1 \
+    -o "$OLDPWD/docs/sheet-from-words.png" --dpi 60)
+echo "Refreshed docs/screenshot-word-sheet.png, docs/screenshot-symbol-picker.png and docs/sheet-from-words.png"

@@ -71,7 +71,7 @@ SymbolIndex::SymbolIndex(QList<Symbol> symbols) : symbols_(std::move(symbols)) {
         Folded folded{foldForSearch(symbol.name), {}, {}};
         for (const QString& keyword : symbol.keywords)
             folded.keywords.append(foldForSearch(keyword));
-        folded.joined = QStringList(folded.keywords).prepend(folded.name).join(u'\n');
+        folded.joined = (QStringList{folded.name} + folded.keywords).join(u'\n');
         folded_.push_back(std::move(folded));
     }
 }
