@@ -126,7 +126,10 @@ bool Application::start() {
     if (recovery_.exists())
         startupNotice_ =
             TranslateCaption(session_.language(), QStringLiteral("Hi ha edicions no desades a ")) +
-            recovery_.path();
+            recovery_.path() +
+            TranslateCaption(session_.language(),
+                             QStringLiteral(". Obriu-lo amb «Obrir ...» i deseu-lo amb un altre "
+                                            "nom per recuperar-les."));
     else
         startupNotice_ = backends_->notice(session_.language());
     setStatus(startupNotice_);

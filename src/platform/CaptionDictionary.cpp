@@ -601,6 +601,8 @@ constexpr CaptionPair kCaptions[] = {
     {u"Desbordament numèric", u"Desbordamiento numérico"},
     {u"No hi ha sortida de so: ", u"No hay salida de sonido: "},
     {u"Hi ha edicions no desades a ", u"Hay ediciones no guardadas en "},
+    {u". Obriu-lo amb «Obrir ...» i deseu-lo amb un altre nom per recuperar-les.",
+     u". Ábralo con «Abrir ...» y guárdelo con otro nombre para recuperarlas."},
     {u"No es pot obrir la pantalla X; sense pantalla, feu servir --dry-run. DISPLAY=",
      u"No se puede abrir la pantalla X; sin pantalla, use --dry-run. DISPLAY="},
     {u"Massa pulsacions en espera: s'ha descartat la més antiga",
