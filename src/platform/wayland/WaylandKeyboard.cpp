@@ -33,6 +33,7 @@ int keymapFile(const QByteArray& text) {
 
 WaylandKeyboard::WaylandKeyboard(WaylandConnection& connection) : connection_(connection) {
     timer_.setSingleShot(true);
+    timer_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&timer_, &QTimer::timeout, [this] { pump(); });
     if (connection_.seat() == nullptr)
         return;
@@ -134,6 +135,7 @@ void WaylandKeyboard::pump() {
 // Sends up to kBatchStrokes strokes (one when they are paced), then lets the
 // compositor catch up before the next batch.
 void WaylandKeyboard::sendBatch() {
+    const Clock::time_point started = Clock::now();
     int sent = 0;
     while (!queue_.empty() && sent < kBatchStrokes) {
         Pending& next = queue_.front();
@@ -166,6 +168,8 @@ void WaylandKeyboard::sendBatch() {
             break;
         }
     }
+    if (keyDelayMs_ == 0)
+        readyAt_ = started + sent * std::chrono::microseconds(1'000'000 / kMaxStrokesPerSecond);
     if (queue_.empty()) {
         setModifiers(0);
         connection_.flush();
