@@ -25,7 +25,7 @@ class WaylandConnection;
 // keys sent meanwhile are lost: the first key then waits kNewSeatKeyboardSettleMs
 // after the seat says it has a keyboard.
 //
-// Strokes go out in batches of kBatchStrokes, each after the compositor has
+// Strokes go out in batches of kBatchStrokes or more, each after the compositor has
 // handled the one before, and no faster than kMaxStrokesPerSecond: the compositor
 // drops a client whose socket fills up, and nothing tells how fast the focused
 // client reads its keys (foot, measured here, lost most of a 20 000-character run
@@ -34,6 +34,7 @@ class WaylandKeyboard : public KeyboardOutput {
 public:
     static constexpr int kNewSeatKeyboardSettleMs = 150;
     static constexpr int kBatchStrokes = 32;
+    static constexpr int kMaxBatchStrokes = 128; // about 8 KiB of requests
     static constexpr int kMaxStrokesPerSecond = 4000;
     // How long flush() waits after the compositor has passed every key on, for the
     // focused client to read them.
@@ -81,6 +82,7 @@ private:
     std::deque<Pending> queue_;
     QTimer timer_;
     Clock::time_point readyAt_{};
+    Clock::time_point lastBatchAt_{};
     Clock::time_point startedAt_ = Clock::now();
     bool waitingForSeat_ = false;
     bool batchInFlight_ = false;
