@@ -33,6 +33,7 @@ int keymapFile(const QByteArray& text) {
 
 WaylandKeyboard::WaylandKeyboard(WaylandConnection& connection) : connection_(connection) {
     timer_.setSingleShot(true);
+    timer_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&timer_, &QTimer::timeout, [this] { pump(); });
     if (connection_.seat() == nullptr)
         return;
@@ -131,11 +132,17 @@ void WaylandKeyboard::pump() {
     sendBatch();
 }
 
-// Sends up to kBatchStrokes strokes (one when they are paced), then lets the
-// compositor catch up before the next batch.
+// Sends a batch of strokes (one when they are paced), then lets the compositor
+// catch up before the next.
 void WaylandKeyboard::sendBatch() {
+    const Clock::time_point started = Clock::now();
+    // A slow round trip lets more strokes go at once, at the same rate.
+    const auto due = (started - lastBatchAt_) * kMaxStrokesPerSecond / std::chrono::seconds(1);
+    const int limit =
+        static_cast<int>(std::clamp<std::int64_t>(due, kBatchStrokes, kMaxBatchStrokes));
+    lastBatchAt_ = started;
     int sent = 0;
-    while (!queue_.empty() && sent < kBatchStrokes) {
+    while (!queue_.empty() && sent < limit) {
         Pending& next = queue_.front();
         if (next.done) {
             setModifiers(0);
@@ -166,6 +173,8 @@ void WaylandKeyboard::sendBatch() {
             break;
         }
     }
+    if (keyDelayMs_ == 0)
+        readyAt_ = started + sent * std::chrono::microseconds(1'000'000 / kMaxStrokesPerSecond);
     if (queue_.empty()) {
         setModifiers(0);
         connection_.flush();
