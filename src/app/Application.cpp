@@ -353,6 +353,7 @@ void Application::editScanning() {
     }
     if (dialog.templateOnly()) { // the switches stay the pupil's
         ScanSettings user = scanning_->userSettings();
+        user.switches = chosen.switches;
         user.advance = chosen.advance;
         user.select = chosen.select;
         chosen = user;

@@ -47,12 +47,12 @@ void takeNumber(const QString& text, int& target, int least = 0) {
 }
 
 // Keys that a Template may set, then the pupil's own.
-const QStringList kSheetKeys = {QStringLiteral("Mode"),        QStringLiteral("Commutadors"),
-                                QStringLiteral("Interval"),    QStringLiteral("PrimerElement"),
-                                QStringLiteral("Voltes"),      QStringLiteral("Acceptacio"),
-                                QStringLiteral("Pausa"),       QStringLiteral("PremudaLlarga"),
-                                QStringLiteral("AccioLlarga"), QStringLiteral("Veu")};
-const QStringList kSwitchKeys = {QStringLiteral("Avancar"), QStringLiteral("Seleccionar")};
+const QStringList kSheetKeys = {
+    QStringLiteral("Mode"),          QStringLiteral("Interval"),    QStringLiteral("PrimerElement"),
+    QStringLiteral("Voltes"),        QStringLiteral("Acceptacio"),  QStringLiteral("Pausa"),
+    QStringLiteral("PremudaLlarga"), QStringLiteral("AccioLlarga"), QStringLiteral("Veu")};
+const QStringList kSwitchKeys = {QStringLiteral("Commutadors"), QStringLiteral("Avancar"),
+                                 QStringLiteral("Seleccionar")};
 
 QString valueOf(const ScanSettings& s, const QString& key) {
     if (key == u"Mode")

@@ -39,8 +39,8 @@ bool writeScanSettings(const PrivateProfile& file, const ScanSettings& settings,
                        QString* error = nullptr);
 
 // A Template's own scanning, one line of "Key=value" pairs separated by ";", the
-// keys of MERVAK.INI. The switches belong to the pupil, not to the sheet, so a
-// Template never names them.
+// keys of MERVAK.INI. The switches (how many, which) belong to the pupil, not
+// to the sheet, so a Template never names them.
 QString templateScanText(const ScanSettings& settings);
 // `user` with what the Template's text sets; an empty text changes nothing.
 ScanSettings withTemplateScan(ScanSettings user, const QString& text);

@@ -35,12 +35,14 @@ TEST(ScanSettingsTest, ATemplatesScanningOverridesAllButTheSwitches) {
     sheet.mode = ScanSettings::Mode::Items;
     sheet.intervalMs = 3000;
     sheet.advance = QStringLiteral("F1");
+    sheet.switches = 2;
     ScanSettings user;
     user.advance = QStringLiteral("space");
     const ScanSettings merged = withTemplateScan(user, templateScanText(sheet));
     EXPECT_EQ(merged.mode, ScanSettings::Mode::Items);
     EXPECT_EQ(merged.intervalMs, 3000);
     EXPECT_EQ(merged.advance, QStringLiteral("space"));
+    EXPECT_EQ(merged.switches, 1);
     EXPECT_EQ(withTemplateScan(user, QStringLiteral("Avancar=F1;Mode")), user);
     EXPECT_EQ(withTemplateScan(user, QString()), user);
 }
