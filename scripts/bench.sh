@@ -38,7 +38,7 @@ pad() {
   printf '%s' "$text"
 }
 # A row of the table: what, Mervak's figure, the reference tool's, the budget.
-row() { printf '%s | %s | %s | %s\n' "$(pad "$1" 36)" "$(pad "$2" 24)" "$(pad "$3" 26)" "$4"; }
+row() { printf '%s | %s | %s | %s\n' "$(pad "$1" 36)" "$(pad "$2" 26)" "$(pad "$3" 26)" "$4"; }
 # FIGURE, or a dash saying which program gave none.
 figure() { if [ -n "$1" ]; then echo "$1"; else echo "— (failed: $2)"; fi; }
 # Runs the function PART of this script on a private Xvfb with openbox of its own:

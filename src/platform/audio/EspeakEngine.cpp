@@ -28,10 +28,8 @@ QByteArray languageCode(int characterCode) {
     return {};
 }
 
-// A voice's languages are a priority byte and a name, repeated; the first is its own.
-bool speaks(const espeak_VOICE* voice, const QByteArray& language) {
-    const QByteArray own(voice->languages + 1);
-    return own == language || own.startsWith(language + '-');
+bool speaks(const QByteArray& ownLanguage, const QByteArray& language) {
+    return ownLanguage == language || ownLanguage.startsWith(language + '-');
 }
 
 // Sentences, each with the punctuation that ends it, so that the first is heard
@@ -74,6 +72,9 @@ bool EspeakEngine::start() {
         variants_.append(
             {identifier.mid(identifier.lastIndexOf('/') + 1), QString::fromUtf8((*v)->name)});
     }
+    // A voice's languages are a priority byte and a name, repeated; the first is its own.
+    for (const espeak_VOICE** v = espeak_ListVoices(nullptr); v && *v; ++v)
+        voices_.append({QByteArray((*v)->name), QByteArray((*v)->languages + 1)});
     started_ = !speakersOf("ca").isEmpty() && !speakersOf("es").isEmpty();
     if (started_)
         setLanguage(u'c');
@@ -84,9 +85,9 @@ bool EspeakEngine::start() {
 
 QList<EspeakEngine::Speaker> EspeakEngine::speakersOf(const QByteArray& language) const {
     QList<Speaker> speakers;
-    for (const espeak_VOICE** v = espeak_ListVoices(nullptr); v && *v; ++v)
-        if (speaks(*v, language))
-            speakers.append({QByteArray((*v)->name), QString::fromUtf8((*v)->name)});
+    for (const auto& [name, ownLanguage] : voices_)
+        if (speaks(ownLanguage, language))
+            speakers.append({name, QString::fromUtf8(name)});
     if (speakers.isEmpty())
         return speakers;
     const Speaker first = speakers.first();

@@ -54,6 +54,9 @@ private:
     int sampleRate_ = 0;
     QList<Speaker> speakers_;
     QList<QPair<QByteArray, QString>> variants_;
+    // The installed voices' names and own languages, listed once: each listing reads
+    // every voice file.
+    QList<QPair<QByteArray, QByteArray>> voices_;
     int wordsPerMinute_ = 175;
     AudioOutput::TrackId track_ = 0;
     AudioOutput::Outcome outcome_ = AudioOutput::Outcome::Heard;
