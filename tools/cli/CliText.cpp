@@ -117,7 +117,7 @@ QString lossText(const MvdLoss& loss) {
 }
 
 QString generalHelp() {
-    return text(QStringLiteral(
+    const QString general = text(QStringLiteral(
         "Ús: mervak-cli [--home CARPETA] ORDRE ...\n"
         "\n"
         "Treballa amb plantilles de Mervak (.mvw versions 1 i 2, .mvd de MS-DOS)\n"
@@ -146,7 +146,8 @@ QString generalHelp() {
         "Els missatges són en la llengua de MERVAK.INI (IDIOMA) o, si no n'hi ha, de LANG.\n"
         "Estat de sortida: 0 correcte; 1 un fitxer no s'ha pogut llegir o escriure;\n"
         "2 ordre mal escrita o un canvi que la plantilla no admet; 3 fet, però amb avisos\n"
-        "(problemes trobats o dades que el format .mvd no pot desar).\n")) +
+        "(problemes trobats o dades que el format .mvd no pot desar).\n"));
+    return general +
            text(QStringLiteral(
                "\n"
                "Taulers de comunicació (Open Board Format):\n"
