@@ -21,7 +21,8 @@ void showNotes(QWidget* parent, Language language, const QString& heading,
     for (qsizetype i = 0; i < notes.size() && i < kNotesShown; ++i)
         lines.append(QStringLiteral("• ") + boardNoteText(language, notes[i]));
     if (notes.size() > kNotesShown)
-        lines.append(TranslateCaption(language, QStringLiteral("... i %1 més")).arg(notes.size() - kNotesShown));
+        lines.append(TranslateCaption(language, QStringLiteral("... i %1 més"))
+                         .arg(notes.size() - kNotesShown));
     showNotice(parent, language, lines.join(u'\n'));
 }
 
@@ -40,11 +41,11 @@ bool isBoardFile(const QString& path) {
 
 QString importBoardWithDialog(QWidget* parent, Language language, const QString& boardPath) {
     const QFileInfo board(boardPath);
-    const QString templatePath = chooseFileToSave(
-        parent, language, QStringLiteral("Desar la plantilla importada"),
-        {{QStringLiteral("Tauleta Windows"), {QStringLiteral("*.mvw")}}},
-        board.dir().filePath(board.completeBaseName() + QStringLiteral(".mvw")),
-        QStringLiteral("mvw"));
+    const QString templatePath =
+        chooseFileToSave(parent, language, QStringLiteral("Desar la plantilla importada"),
+                         {{QStringLiteral("Tauleta Windows"), {QStringLiteral("*.mvw")}}},
+                         board.dir().filePath(board.completeBaseName() + QStringLiteral(".mvw")),
+                         QStringLiteral("mvw"));
     if (templatePath.isEmpty())
         return {};
     const BoardFileOutcome outcome = importBoardFile(boardPath, templatePath);
@@ -60,7 +61,7 @@ bool exportBoardReporting(QWidget* parent, Language language, const Template& t,
                           const QString& path, const QString& templateFolder) {
     const QString title = !t.descripcio.isEmpty() ? t.descripcio
                           : t.isUntitled()        ? QFileInfo(path).completeBaseName()
-                                                  : QFileInfo(t.TemplateFileName).completeBaseName();
+                                           : QFileInfo(t.TemplateFileName).completeBaseName();
     const BoardFileOutcome outcome =
         exportBoardFile(t, path, title, PictureFiles{templateFolder, {}});
     if (outcome.error) {

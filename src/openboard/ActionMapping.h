@@ -8,8 +8,8 @@ namespace mervak {
 
 // What an Area does, in the words a communication board uses.
 struct ButtonAction {
-    QString typed;  // the text typed, as plain characters
-    QString spoken; // the text read aloud
+    QString typed;           // the text typed, as plain characters
+    QString spoken;          // the text read aloud
     std::optional<int> page; // the page it changes to
     friend bool operator==(const ButtonAction&, const ButtonAction&) = default;
 };

@@ -53,7 +53,8 @@ std::optional<uint32_t> parseBoardColour(const QString& text, bool* understood) 
     const QString trimmed = text.trimmed();
     if (understood)
         *understood = true;
-    if (trimmed.isEmpty() || trimmed.compare(QLatin1String("transparent"), Qt::CaseInsensitive) == 0)
+    if (trimmed.isEmpty() ||
+        trimmed.compare(QLatin1String("transparent"), Qt::CaseInsensitive) == 0)
         return std::nullopt;
     if (const auto rgb = functional(trimmed))
         return rgb;

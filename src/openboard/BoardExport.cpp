@@ -23,8 +23,7 @@ QString boardPath(int page) {
 }
 
 SheetBox orderedBox(const Area& a) {
-    return {std::min(a.X0, a.X1), std::min(a.Y0, a.Y1), std::max(a.X0, a.X1),
-            std::max(a.Y0, a.Y1)};
+    return {std::min(a.X0, a.X1), std::min(a.Y0, a.Y1), std::max(a.X0, a.X1), std::max(a.Y0, a.Y1)};
 }
 
 // Boxes that do not form a grid: a grid in reading order for the programs that
@@ -83,6 +82,9 @@ public:
                 result_.notes.append({BoardNote::Kind::AreaOffPage, {}, {}, QString::number(i)});
         for (int16_t page = 1; page <= t_.PageCount; ++page) {
             result_.package.boards.append(board(page));
+            if (const QString background = t_.pagePicture(page); !background.isEmpty())
+                result_.notes.append(
+                    {BoardNote::Kind::PageBackground, boardName(page), {}, background});
             result_.package.boardPaths.append(boardPath(page));
         }
         result_.package.boards[0].extensions.insert(mervakExtension("template"),
@@ -129,8 +131,10 @@ private:
         if (!action.spoken.isEmpty() && action.spoken != b.label)
             b.vocalization = action.spoken;
         if (action.page && *action.page >= 1 && *action.page <= t_.PageCount)
-            b.loadBoard = BoardLink{QString::number(*action.page), boardPath(*action.page),
-                                    boardName(*action.page), {}};
+            b.loadBoard = BoardLink{QString::number(*action.page),
+                                    boardPath(*action.page),
+                                    boardName(*action.page),
+                                    {}};
         if (a.Cell) {
             if (a.Cell->Background)
                 b.backgroundColor = boardColourText(*a.Cell->Background);
@@ -150,13 +154,14 @@ private:
             if (isSymbolReference(a.Cell->Picture))
                 cell.insert(QStringLiteral("symbol"), a.Cell->Picture);
         }
-        QJsonObject extensions{{mervakExtension("action_text"), a.ActionText},
-                {mervakExtension("said"), b.vocalization.isEmpty() ? b.label : b.vocalization},
-                {mervakExtension("rect"), QJsonArray{a.X0, a.Y0, a.X1, a.Y1}},
-                {mervakExtension("clip"), a.Clip},
-                {mervakExtension("clip_flag"), a.ClipFlag},
-                {mervakExtension("flags"), a.Flags},
-                {mervakExtension("cell"), cell}};
+        QJsonObject extensions{
+            {mervakExtension("action_text"), a.ActionText},
+            {mervakExtension("said"), b.vocalization.isEmpty() ? b.label : b.vocalization},
+            {mervakExtension("rect"), QJsonArray{a.X0, a.Y0, a.X1, a.Y1}},
+            {mervakExtension("clip"), a.Clip},
+            {mervakExtension("clip_flag"), a.ClipFlag},
+            {mervakExtension("flags"), a.Flags},
+            {mervakExtension("cell"), cell}};
         if (b.loadBoard)
             extensions.insert(mervakExtension("link"), b.loadBoard->id.toInt());
         return extensions;
@@ -170,10 +175,9 @@ private:
         QFile source(file);
         if (file.isEmpty() || !source.open(QIODevice::ReadOnly)) {
             const bool symbol = isSymbolReference(picture);
-            result_.notes.append({symbol ? BoardNote::Kind::SymbolNotFound
-                                         : BoardNote::Kind::PictureNotFound,
-                                  board.name, b.label,
-                                  symbol ? symbolHexcode(picture) : picture});
+            result_.notes.append(
+                {symbol ? BoardNote::Kind::SymbolNotFound : BoardNote::Kind::PictureNotFound,
+                 board.name, b.label, symbol ? symbolHexcode(picture) : picture});
             return {};
         }
         const QString absolute = QFileInfo(file).absoluteFilePath();
@@ -186,8 +190,13 @@ private:
         }
         const QString path = zipPaths_.value(absolute);
         const QString id = QStringLiteral("image-%1").arg(b.id);
-        board.images.append({id, {}, path, {}, {},
-                             QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension).name()});
+        board.images.append(
+            {id,
+             {},
+             path,
+             {},
+             {},
+             QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension).name()});
         return id;
     }
 

@@ -33,7 +33,7 @@ QString pictureSuffix(const QString& contentType, const QString& name) {
         return fromName;
     const QMimeType type = QMimeDatabase().mimeTypeForName(contentType.section(u';', 0, 0));
     return type.isValid() && !type.preferredSuffix().isEmpty() ? type.preferredSuffix()
-                                                                : QStringLiteral("png");
+                                                               : QStringLiteral("png");
 }
 
 // The bytes of a data: URL, base64 or percent-encoded; no value when broken.
@@ -46,8 +46,8 @@ std::optional<QByteArray> dataUrlBytes(const QString& url, QString* contentType)
     const QByteArray payload = url.mid(comma + 1).toLatin1();
     if (!header.endsWith(QLatin1String(";base64"), Qt::CaseInsensitive))
         return QByteArray::fromPercentEncoding(payload);
-    auto decoded = QByteArray::fromBase64Encoding(payload.trimmed(),
-                                                  QByteArray::AbortOnBase64DecodingErrors);
+    auto decoded =
+        QByteArray::fromBase64Encoding(payload.trimmed(), QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded)
         return std::nullopt;
     return *decoded;
@@ -144,8 +144,8 @@ private:
         if (!board.grid) {
             if (board.buttons.isEmpty())
                 return placed;
-            return BoardError{BoardError::Kind::MissingField, boardFile(index),
-                              QStringLiteral("grid"), {}};
+            return BoardError{
+                BoardError::Kind::MissingField, boardFile(index), QStringLiteral("grid"), {}};
         }
         const BoardGrid& grid = *board.grid;
         for (int r = 0; r < grid.order.size(); ++r)
@@ -276,9 +276,9 @@ private:
         AreaCell c;
         c.Label = b.label;
         // A library symbol comes back as itself, not as a copy of its file.
-        const bool symbol = restored && b.extensions[mervakExtension("cell")]
-                                            .toObject()[QStringLiteral("symbol")]
-                                            .isString();
+        const bool symbol =
+            restored &&
+            b.extensions[mervakExtension("cell")].toObject()[QStringLiteral("symbol")].isString();
         c.Picture = symbol ? QString() : picture(board, b);
         c.Background = colour(board, b, b.backgroundColor);
         c.Border = colour(board, b, b.borderColor);
@@ -308,9 +308,8 @@ private:
             note(BoardNote::Kind::PictureMissing, board, b.label, b.imageId);
             return {};
         }
-        const QString key = image->path.isEmpty()
-                                ? package_.boardPaths[board] + u'#' + image->id
-                                : image->path;
+        const QString key =
+            image->path.isEmpty() ? package_.boardPaths[board] + u'#' + image->id : image->path;
         if (const auto known = written_.constFind(key); known != written_.cend())
             return known.value();
         QString contentType = image->contentType;

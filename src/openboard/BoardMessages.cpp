@@ -1,5 +1,6 @@
 #include "openboard/BoardMessages.h"
 
+#include <QStringList>
 #include <QStringView>
 
 namespace mervak {
@@ -11,15 +12,29 @@ struct Texts {
     QStringView spanish;
 };
 
-QString pick(Language language, Texts texts) {
-    return (language == Language::Spanish ? texts.spanish : texts.catalan).toString();
+// The text in the language with "%1".."%3" replaced in one pass, so that a
+// text without some of them, or an argument holding one, comes out whole.
+QString pick(Language language, Texts texts, const QStringList& arguments) {
+    const QStringView text = language == Language::Spanish ? texts.spanish : texts.catalan;
+    QString filled;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const qsizetype n = i + 1 < text.size() ? text[i + 1].digitValue() : -1;
+        if (text[i] == u'%' && n >= 1 && n <= arguments.size()) {
+            filled += arguments[n - 1];
+            ++i;
+        } else {
+            filled += text[i];
+        }
+    }
+    return filled;
 }
 
 Texts errorTexts(BoardError::Kind kind) {
     using K = BoardError::Kind;
     switch (kind) {
     case K::CannotRead:
-        return {u"No s'ha pogut llegir el tauler %1: %2", u"No se ha podido leer el tablero %1: %2"};
+        return {u"No s'ha pogut llegir el tauler %1: %2",
+                u"No se ha podido leer el tablero %1: %2"};
     case K::CannotWrite:
         return {u"No s'ha pogut desar %1: %2", u"No se ha podido guardar %1: %2"};
     case K::NotJson:
@@ -42,7 +57,8 @@ Texts errorTexts(BoardError::Kind kind) {
         return {u"El paquet %1 no és un fitxer .obz (zip) vàlid: %2",
                 u"El paquete %1 no es un archivo .obz (zip) válido: %2"};
     case K::NoBoard:
-        return {u"El paquet %1 no conté cap tauler .obf", u"El paquete %1 no contiene ningún tablero .obf"};
+        return {u"El paquet %1 no conté cap tauler .obf",
+                u"El paquete %1 no contiene ningún tablero .obf"};
     case K::MissingEntry:
         return {u"%1 nomena %2, que no és dins del paquet",
                 u"%1 nombra %2, que no está dentro del paquete"};
@@ -94,6 +110,9 @@ Texts noteTexts(BoardNote::Kind kind) {
                 u"%1, «%2»: no se encuentra el símbolo %3 en la biblioteca"};
     case K::PictureNotFound:
         return {u"%1, «%2»: no es troba la imatge %3", u"%1, «%2»: no se encuentra la imagen %3"};
+    case K::PageBackground:
+        return {u"%1: la imatge de fons de la pàgina (%3) no es pot posar en un tauler",
+                u"%1: la imagen de fondo de la página (%3) no se puede poner en un tablero"};
     }
     return {};
 }
@@ -104,11 +123,11 @@ QString boardErrorText(Language language, const BoardError& error) {
     QString where = error.where;
     if (error.kind == BoardError::Kind::NotObject && !where.isEmpty())
         where = u' ' + where;
-    return pick(language, errorTexts(error.kind)).arg(error.file, error.detail, where);
+    return pick(language, errorTexts(error.kind), {error.file, error.detail, where});
 }
 
 QString boardNoteText(Language language, const BoardNote& note) {
-    return pick(language, noteTexts(note.kind)).arg(note.board, note.subject, note.detail);
+    return pick(language, noteTexts(note.kind), {note.board, note.subject, note.detail});
 }
 
 } // namespace mervak

@@ -48,6 +48,7 @@ struct BoardNote {
         AreaOffPage,       // detail: the Area's number (export)
         SymbolNotFound,    // detail: the symbol (export)
         PictureNotFound,   // detail: the file (export)
+        PageBackground,    // board: the page; detail: its picture (export)
     };
     Kind kind = Kind::PictureOnline;
     QString board; // the board's name or page number

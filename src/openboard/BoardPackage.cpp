@@ -38,8 +38,8 @@ std::variant<Manifest, BoardError> readManifest(const ZipEntries& entries, const
     QJsonParseError parseError{};
     const QJsonDocument document = QJsonDocument::fromJson(entries[kManifest], &parseError);
     if (parseError.error != QJsonParseError::NoError)
-        return BoardError{BoardError::Kind::NotJson, where,
-                          QString::number(parseError.offset), parseError.errorString()};
+        return BoardError{BoardError::Kind::NotJson, where, QString::number(parseError.offset),
+                          parseError.errorString()};
     const QJsonObject o = document.object();
     if (!o[QStringLiteral("root")].isString())
         return BoardError{o.contains(QStringLiteral("root")) ? BoardError::Kind::WrongType
@@ -54,8 +54,7 @@ std::variant<Manifest, BoardError> readManifest(const ZipEntries& entries, const
     for (auto it = byId.begin(); it != byId.end(); ++it) {
         if (!it.value().isString())
             return BoardError{BoardError::Kind::WrongType, where,
-                              QStringLiteral("paths.boards.") + it.key(),
-                              QStringLiteral("string")};
+                              QStringLiteral("paths.boards.") + it.key(), QStringLiteral("string")};
         manifest.boards.append(it.value().toString());
     }
     for (const QString& path : QStringList{manifest.root} + manifest.boards)

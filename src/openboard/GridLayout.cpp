@@ -25,8 +25,9 @@ struct Span {
 
 // The distinct spans in order, or no value when two of them overlap.
 std::optional<QList<Span>> orderedSpans(QList<Span> spans) {
-    std::sort(spans.begin(), spans.end(),
-              [](const Span& a, const Span& b) { return a.from != b.from ? a.from < b.from : a.to < b.to; });
+    std::sort(spans.begin(), spans.end(), [](const Span& a, const Span& b) {
+        return a.from != b.from ? a.from < b.from : a.to < b.to;
+    });
     spans.erase(std::unique(spans.begin(), spans.end()), spans.end());
     for (qsizetype i = 1; i < spans.size(); ++i)
         if (spans[i].from < spans[i - 1].to)

@@ -126,9 +126,9 @@ private:
         b.backgroundColor = text(o, QStringLiteral("background_color"), at);
         b.borderColor = text(o, QStringLiteral("border_color"), at);
         if (o.contains(QStringLiteral("load_board")))
-            b.loadBoard = link(object(o[QStringLiteral("load_board")],
-                                      field(at, QStringLiteral("load_board"))),
-                               field(at, QStringLiteral("load_board")));
+            b.loadBoard = link(
+                object(o[QStringLiteral("load_board")], field(at, QStringLiteral("load_board"))),
+                field(at, QStringLiteral("load_board")));
         if (const QString action = text(o, QStringLiteral("action"), at); !action.isEmpty())
             b.actions.append(action);
         const QJsonArray actions = array(o, QStringLiteral("actions"), at, false);
@@ -321,8 +321,8 @@ std::variant<Board, BoardError> readBoard(const QByteArray& json, const QString&
     QJsonParseError parseError{};
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
     if (parseError.error != QJsonParseError::NoError)
-        return BoardError{BoardError::Kind::NotJson, file,
-                          QString::number(parseError.offset), parseError.errorString()};
+        return BoardError{BoardError::Kind::NotJson, file, QString::number(parseError.offset),
+                          parseError.errorString()};
     if (!document.isObject())
         return BoardError{BoardError::Kind::NotObject, file, {}, {}};
     try {

@@ -55,16 +55,18 @@ std::optional<QByteArray> readEntry(zip_t* archive, zip_uint64_t index, const zi
 std::optional<ZipEntries> readZip(const QByteArray& bytes, QString* error) {
     zip_error_t zipError;
     zip_error_init(&zipError);
-    Source source(zip_source_buffer_create(bytes.constData(), static_cast<zip_uint64_t>(bytes.size()),
-                                           0, &zipError));
-    Archive archive(source ? zip_open_from_source(source.get(), ZIP_RDONLY, &zipError) : nullptr);
-    if (!archive) {
+    zip_source_t* source = zip_source_buffer_create(
+        bytes.constData(), static_cast<zip_uint64_t>(bytes.size()), 0, &zipError);
+    // Once opened, the archive owns the source.
+    zip_t* opened = source ? zip_open_from_source(source, ZIP_RDONLY, &zipError) : nullptr;
+    if (!opened) {
+        zip_source_free(source);
         say(error, reason(&zipError));
         zip_error_fini(&zipError);
         return std::nullopt;
     }
-    source.release(); // the archive owns it now
     zip_error_fini(&zipError);
+    const Archive archive(opened);
     ZipEntries entries;
     const zip_int64_t count = zip_get_num_entries(archive.get(), 0);
     for (zip_int64_t i = 0; i < count; ++i) {
@@ -90,8 +92,7 @@ std::optional<QByteArray> writeZip(const ZipEntries& entries, QString* error) {
     zip_error_t zipError;
     zip_error_init(&zipError);
     Source buffer(zip_source_buffer_create(nullptr, 0, 0, &zipError));
-    Archive archive(buffer ? zip_open_from_source(buffer.get(), ZIP_TRUNCATE, &zipError)
-                           : nullptr);
+    zip_t* archive = buffer ? zip_open_from_source(buffer.get(), ZIP_TRUNCATE, &zipError) : nullptr;
     if (!archive) {
         say(error, reason(&zipError));
         zip_error_fini(&zipError);
@@ -100,21 +101,24 @@ std::optional<QByteArray> writeZip(const ZipEntries& entries, QString* error) {
     zip_error_fini(&zipError);
     // The buffer outlives the archive's close, which writes into it.
     zip_source_keep(buffer.get());
+    const auto fail = [archive, error] {
+        say(error, QString::fromLocal8Bit(zip_strerror(archive)));
+        zip_discard(archive);
+        return std::nullopt;
+    };
     for (auto it = entries.begin(); it != entries.end(); ++it) {
-        zip_source_t* data = zip_source_buffer(archive.get(), it.value().constData(),
+        zip_source_t* data = zip_source_buffer(archive, it.value().constData(),
                                                static_cast<zip_uint64_t>(it.value().size()), 0);
-        if (!data || zip_file_add(archive.get(), it.key().toUtf8().constData(), data,
-                                  ZIP_FL_ENC_UTF_8 | ZIP_FL_OVERWRITE) < 0) {
+        if (!data)
+            return fail();
+        if (zip_file_add(archive, it.key().toUtf8().constData(), data,
+                         ZIP_FL_ENC_UTF_8 | ZIP_FL_OVERWRITE) < 0) {
             zip_source_free(data);
-            say(error, QString::fromLocal8Bit(zip_strerror(archive.get())));
-            return std::nullopt;
+            return fail();
         }
     }
-    if (zip_close(archive.get()) != 0) {
-        say(error, QString::fromLocal8Bit(zip_strerror(archive.get())));
-        return std::nullopt;
-    }
-    archive.release(); // closed
+    if (zip_close(archive) != 0)
+        return fail();
     zip_stat_t stat;
     if (zip_source_stat(buffer.get(), &stat) != 0 || zip_source_open(buffer.get()) != 0) {
         say(error, QStringLiteral("zip"));

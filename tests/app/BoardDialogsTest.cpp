@@ -38,7 +38,8 @@ TEST_F(BoardDialogsTest, OpeningABoardImportsItAsATemplate) {
                      target, [&] { document.openFile(board); });
     EXPECT_EQ(tmpl.TemplateFileName, target);
     EXPECT_EQ(tmpl.AreaCount(), 4);
-    EXPECT_TRUE(QFileInfo::exists(QDir(home.path()).filePath(QStringLiteral("menjar-imatges/leaf.png"))));
+    EXPECT_TRUE(
+        QFileInfo::exists(QDir(home.path()).filePath(QStringLiteral("menjar-imatges/leaf.png"))));
     auto* notice = window.findChild<QMessageBox*>();
     ASSERT_NE(notice, nullptr);
     EXPECT_TRUE(notice->text().contains(QStringLiteral("http://example.org/gat.png")))

@@ -1,4 +1,5 @@
 #include "openboard/BoardExport.h"
+
 #include "openboard/BoardImport.h"
 #include "openboard/GridLayout.h"
 #include "openboard/ObfFormat.h"

@@ -1,5 +1,6 @@
-#include "BoardTestFiles.h"
 #include "openboard/BoardImport.h"
+
+#include "BoardTestFiles.h"
 #include "openboard/GridLayout.h"
 #include "openboard/OpenBoardFile.h"
 #include "support/CliRun.h"
@@ -99,8 +100,7 @@ TEST(BoardImport, BrokenPackagesAreRefused) {
         {writeZip({{"readme.txt", "x"}}).value(), {BoardError::Kind::NoBoard, "p.obz", {}, {}}},
         {writeZip(noRoot).value(),
          {BoardError::Kind::MissingEntry, "p.obz:manifest.json", {}, "boards/food.obf"}},
-        {writeZip(noGrid).value(),
-         {BoardError::Kind::MissingField, "boards/food.obf", "grid", {}}},
+        {writeZip(noGrid).value(), {BoardError::Kind::MissingField, "boards/food.obf", "grid", {}}},
     };
     for (const auto& [bytes, expected] : cases) {
         const auto package = readObz(bytes, QStringLiteral("p.obz"));
@@ -128,7 +128,8 @@ TEST(BoardImport, CommandLineWritesAllOrNothing) {
     const auto cli = [&dir](const QStringList& arguments) {
         return test::runProgram(QStringLiteral(MERVAK_CLI), arguments, dir.path());
     };
-    const test::CliRun done = cli({"import", dataPath("openboard/grid-with-gaps.obf"), "-o", "m.mvw"});
+    const test::CliRun done =
+        cli({"import", dataPath("openboard/grid-with-gaps.obf"), "-o", "m.mvw"});
     EXPECT_EQ(done.status, 3) << done.err; // the online picture and the colour are reported
     EXPECT_TRUE(done.err.contains("http://example.org/gat.png")) << done.err;
     EXPECT_TRUE(QFileInfo::exists(dir.filePath("m-imatges/leaf.png")));
@@ -139,7 +140,8 @@ TEST(BoardImport, CommandLineWritesAllOrNothing) {
         cli({"import", dataPath("openboard/grid-with-gaps.obf"), "-o", "taken.mvw"});
     EXPECT_EQ(refused.status, 1);
     EXPECT_FALSE(QFileInfo::exists(dir.filePath("taken-imatges")));
-    const test::CliRun broken = cli({"import", dataPath("openboard/package/manifest.json"), "-o", "x.mvw"});
+    const test::CliRun broken =
+        cli({"import", dataPath("openboard/package/manifest.json"), "-o", "x.mvw"});
     EXPECT_EQ(broken.status, 1);
     EXPECT_TRUE(broken.err.contains("no és un tauler .obf ni un paquet .obz")) << broken.err;
 }

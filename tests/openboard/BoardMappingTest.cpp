@@ -36,16 +36,11 @@ TEST(ActionMapping, ActionTextsReadBackAsWritten) {
 
 TEST(BoardColour, NotationsOnWhitePaper) {
     const std::tuple<const char*, std::optional<uint32_t>, bool> cases[] = {
-        {"rgb(255, 128, 0)", 0xFF8000, true},
-        {"RGBA(0,0,255,0.2)", 0xCCCCFF, true},
-        {"rgb(100%, 0%, 50%)", 0xFF0080, true},
-        {"#0f0", 0x00FF00, true},
-        {" #123456 ", 0x123456, true},
-        {"white", 0xFFFFFF, true},
-        {"transparent", std::nullopt, true},
-        {"", std::nullopt, true},
-        {"rgb(1, 2)", std::nullopt, false},
-        {"sparkly", std::nullopt, false},
+        {"rgb(255, 128, 0)", 0xFF8000, true},   {"RGBA(0,0,255,0.2)", 0xCCCCFF, true},
+        {"rgb(100%, 0%, 50%)", 0xFF0080, true}, {"#0f0", 0x00FF00, true},
+        {" #123456 ", 0x123456, true},          {"white", 0xFFFFFF, true},
+        {"transparent", std::nullopt, true},    {"", std::nullopt, true},
+        {"rgb(1, 2)", std::nullopt, false},     {"sparkly", std::nullopt, false},
     };
     for (const auto& [text, rgb, understood] : cases) {
         bool understoodNow = false;
@@ -59,8 +54,7 @@ TEST(GridLayout, BoxesThatFormAGrid) {
     using Cells = QList<QPoint>;
     const std::tuple<QList<SheetBox>, std::optional<Cells>> cases[] = {
         // Three columns with gaps, two rows, a hole: cells by column and row.
-        {{{5, 65, 35, 115}, {85, 65, 115, 115}, {45, 5, 75, 55}},
-         Cells{{0, 0}, {2, 0}, {1, 1}}},
+        {{{5, 65, 35, 115}, {85, 65, 115, 115}, {45, 5, 75, 55}}, Cells{{0, 0}, {2, 0}, {1, 1}}},
         {{{0, 0, 60, 120}, {60, 0, 120, 120}}, Cells{{0, 0}, {1, 0}}},
         {{{0, 0, 60, 60}, {30, 0, 90, 60}}, std::nullopt}, // overlapping columns
         {{{0, 0, 60, 60}, {0, 0, 60, 60}}, std::nullopt},  // two boxes in one cell

@@ -1,5 +1,4 @@
 #include "BoardCommands.h"
-
 #include "CliText.h"
 #include "openboard/BoardMessages.h"
 #include "platform/HomeFolder.h"
