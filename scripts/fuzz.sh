@@ -19,6 +19,7 @@ declare -A seeds=(
   [fuzz_macros]="tests/data/fuzz/macros data/MACROS.INI"
   [fuzz_serial]="tests/data/fuzz/serial"
   [fuzz_evemu]="tests/data/fuzz/evemu tests/data/evdev/touchscreen.evemu"
+  [fuzz_obf]="tests/data/openboard/fuzz tests/data/openboard/grid-with-gaps.obf"
 )
 targets=("$@")
 [ ${#targets[@]} -gt 0 ] || mapfile -t targets < <(printf '%s\n' "${!seeds[@]}" | sort)
