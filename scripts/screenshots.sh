@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Refreshes the pictures in docs/ from the real program: Mervak opens the demo
-# Template on a private display, and its main window and properties dialog are
+# Refreshes the pictures in docs/ from the real program: Mervak opens a composed
+# sheet on a private display, and its main window and properties dialog are
 # grabbed as a person would see them.
 #   scripts/screenshots.sh [BUILD_DIR]      (default build/release)
 # Needs Xvfb, openbox, xdotool and imagemagick (import).
@@ -16,9 +16,35 @@ work=$(mktemp -d /tmp/mervak-shots.XXXXXX)
 export XDG_RUNTIME_DIR="$work"
 mkdir -p "$work/home"
 printf '[Mervak]\r\nIDIOMA=CATALA\r\n' >"$work/home/MERVAK.INI"
-cp data/demo/demo.mvw data/demo/demo.png "$work/"
+# A composed sheet for the editor: six cells in reading order, each with its
+# symbol (OpenMoji, from the setup's download when it is there), a word and a
+# word-class colour, made through mervak-cli as a script would.
+sheet="$work/paraules.mvw"
+{
+  printf ' 2 \r\n 0 \r\n\r\n 6 \r\n""\r\n 0 \r\n""\r\n""\r\n""\r\n""\r\n"Paraules"\r\n'
+  printf ' 1 \r\n-1 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n'
+  for area in "4 62 40 114 jo" "42 62 78 114 menjar" "80 62 116 114 gos" \
+    "4 6 40 58 gat" "42 6 78 58 content" "80 6 116 58 gràcies"; do
+    set -- $area
+    printf ' %s \r\n %s \r\n %s \r\n %s \r\n 1 \r\n""\r\n"{|Llegir %s}%s "\r\n 0 \r\n' \
+      "$1" "$2" "$3" "$4" "$5" "$5"
+  done
+} | iconv -f UTF-8 -t WINDOWS-1252 >"$sheet"
+symbols=$(ls -d "$HOME"/.cache/mervak/symbols-*/openmoji/color 2>/dev/null | tail -n 1 || true)
+n=0
+for cell in "1F9D2 #FFEB3B" "1F374 #8BC34A" "1F415 #FFB74D" "1F408 #FFB74D" "1F600 #64B5F6" \
+  "1F64F #F48FB1"; do
+  set -- $cell
+  n=$((n + 1))
+  picture=()
+  if [ -n "$symbols" ]; then
+    cp "$symbols/$1.svg" "$work/$1.svg"
+    picture=(--picture "$work/$1.svg")
+  fi
+  "$build/bin/mervak-cli" cell "$sheet" --page 1 --area "$n" "${picture[@]}" --colour "$2"
+done
 
-"$build/bin/mervak" --home "$work/home" "$work/demo.mvw" &
+"$build/bin/mervak" --home "$work/home" "$sheet" &
 mervak=$!
 trap 'kill "$mervak" 2>/dev/null || true; rm -rf "$work"' EXIT
 
@@ -31,7 +57,7 @@ main=$(window '^Mervak - ')
 # Without a tablet the program says so once at start.
 notice=$(window '^MERVAK$')
 xdotool windowfocus --sync "$notice" key Return
-xdotool windowsize --sync "$main" 940 720 windowfocus --sync "$main"
+xdotool windowsize --sync "$main" 1000 800 windowfocus --sync "$main"
 settle
 # The first Area selected, in drawing mode, so that its handles show.
 xdotool key ctrl+Right ctrl+d

@@ -168,7 +168,15 @@ void Application::wireWindow() {
                                       &exportOptions_);
     });
     connect(&window_, &MainWindow::thumbnailRequested, this, [this] {
-        SheetExport::saveThumbnailWithDialog(&window_, session_.tmpl, session_.language());
+        SheetExport::saveThumbnailWithDialog(&window_, session_.tmpl, session_.language(),
+                                             exportOptions_.symbols);
+    });
+    connect(&window_, &MainWindow::printSheetRequested, this, [this] {
+        SheetExport::printWithDialog(&window_, session_.tmpl, session_.language(), exportOptions_);
+    });
+    connect(&window_, &MainWindow::sheetIconToggled, this, [this](bool on) {
+        sheetIcon_ = on;
+        refreshSheetIcon();
     });
     connect(&window_, &MainWindow::aboutRequested, this, [this] {
         QMessageBox box(QMessageBox::Information, Message(session_.language(), Msg::AboutTitle),
@@ -301,6 +309,19 @@ void Application::testTablet() {
 }
 
 // The virtual tablet shows the pupil's sheet: the Areas without the editor's marks.
+// "Icona làmina": the window's icon shows the current page, so that the
+// task bar tells the sheets apart.
+void Application::refreshSheetIcon() {
+    if (!sheetIcon_) {
+        window_.setWindowIcon(QIcon());
+        return;
+    }
+    const QImage page = editor().sheetPicture();
+    if (!page.isNull())
+        window_.setWindowIcon(QIcon(QPixmap::fromImage(
+            page.scaled(128, 128, Qt::KeepAspectRatio, Qt::SmoothTransformation))));
+}
+
 void Application::refreshVirtualTablet() {
     QList<SheetArea> areas = editor().sheetAreas();
     for (SheetArea& area : areas) {
@@ -312,6 +333,7 @@ void Application::refreshVirtualTablet() {
     sheet->setPicture(editor().sheetPicture());
     sheet->setAreas(areas);
     window_.setSoundChecked(session_.tmpl.SoundActive != 0);
+    refreshSheetIcon();
 }
 
 void Application::activateTarget() {

@@ -65,6 +65,7 @@ private:
     void translate();
     void chooseLanguage(Language language);
     void refreshVirtualTablet();
+    void refreshSheetIcon();
     void editProperties();
     void calibrateTracker();
     void testTablet();
@@ -84,6 +85,7 @@ private:
     QStringList arguments_;
     Session session_;
     SheetExportOptions exportOptions_;
+    bool sheetIcon_ = false; // "Icona làmina"
     bool openedFromCommandLine_ = false;
     bool locked_ = false;
     bool testingTablet_ = false; // the test dialog says itself why a device did not start

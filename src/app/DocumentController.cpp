@@ -2,6 +2,7 @@
 
 #include "editor/widgets/Dialogs.h"
 #include "platform/Settings.h"
+#include "sheet/Composition.h"
 #include "template/TemplateFile.h"
 #include "template/TemplateRelocation.h"
 
@@ -161,7 +162,9 @@ bool DocumentController::saveWithDialog(bool saveAs) {
 // An untitled Template first takes along the files its relative names find
 // in the working folder, so that they still work from the new file's folder.
 SaveOutcome DocumentController::write(const QString& path, bool saveAs) {
-    const auto save = saveAs ? saveTemplateAs : saveTemplate;
+    const auto save = [this, saveAs](Template& t, const QString& to) {
+        return saveWithPageImages(t, to, saveAs, symbols_);
+    };
     Template& t = context_.session.tmpl;
     if (!t.isUntitled())
         return save(t, path);

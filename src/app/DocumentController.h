@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "editor/RecentFiles.h"
 #include "session/Session.h"
+#include "sheet/PictureFiles.h"
 #include "template/Template.h"
 
 #include <QObject>
@@ -45,6 +46,9 @@ public:
     void refreshTitle();
     void refreshRecentFiles();
 
+    // The symbol library, for the page pictures a composed Template saves beside it.
+    void setSymbolFiles(SymbolFileLookup symbols) { symbols_ = std::move(symbols); }
+
 private:
     bool saveWithDialog(bool saveAs);
     struct SaveOutcome write(const QString& path, bool saveAs);
@@ -54,6 +58,7 @@ private:
     Context context_;
     MainWindow& window_;
     RecentFiles recent_;
+    SymbolFileLookup symbols_;
 };
 
 } // namespace mervak

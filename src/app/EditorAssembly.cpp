@@ -28,6 +28,7 @@ EditorAssembly::EditorAssembly(Session& session, MainWindow& window, const Effec
       symbols_(SymbolCommands::Context{session, editor_, window, effects.beep, effects.status},
                libraries_) {
     editor_.bindActions(window.editorActions());
+    setSymbolFiles(SymbolLibrary::filesIn(SymbolLibrary::installedFolder()));
     const EditorActions& actions = window.editorActions();
     QObject::connect(actions.chooseSymbol, &QAction::triggered, &symbols_,
                      &SymbolCommands::chooseSymbolForArea);
@@ -40,6 +41,11 @@ void EditorAssembly::translate(Language language) {
     translateAllWindows(language);
     editor_.retranslate();
     document_.refreshTitle();
+}
+
+void EditorAssembly::setSymbolFiles(const SymbolFileLookup& symbols) {
+    editor_.setSymbolFiles(symbols);
+    document_.setSymbolFiles(symbols);
 }
 
 void EditorAssembly::refresh() {

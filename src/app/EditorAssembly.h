@@ -33,6 +33,8 @@ public:
     void translate(Language language);
     // Shows the open Template from scratch: the sheet, the counters and the title.
     void refresh();
+    // Where the sheet finds library symbols, when drawn and when saved.
+    void setSymbolFiles(const SymbolFileLookup& symbols);
 
 private:
     MainWindow& window_;

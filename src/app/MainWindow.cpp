@@ -132,6 +132,7 @@ void MainWindow::buildPageMenu() {
     editor_.insertPageBefore = addCaptioned(page, QStringLiteral("Inserir abans"));
     editor_.insertPageAfter = addCaptioned(page, QStringLiteral("Inserir després"));
     editor_.deletePage = addCaptioned(page, QStringLiteral("&Eliminar"));
+    editor_.cellGrid = addCaptioned(page, QStringLiteral("Graella de cel·les..."));
     page->addSeparator();
     QMenu* models = page->addMenu(QString());
     setCaption(models, QStringLiteral("Models de pagina"));
@@ -158,6 +159,11 @@ void MainWindow::buildTemplateMenus() {
             &QAction::triggered, this, &MainWindow::exportSheetRequested);
     connect(addCaptioned(sheet, QStringLiteral("Desar mini-làmina")), &QAction::triggered, this,
             &MainWindow::thumbnailRequested);
+    connect(addCaptioned(sheet, QStringLiteral("Imprimir...")), &QAction::triggered, this,
+            &MainWindow::printSheetRequested);
+    QAction* sheetIcon = addCaptioned(sheet, QStringLiteral("Icona làmina"));
+    sheetIcon->setCheckable(true);
+    connect(sheetIcon, &QAction::toggled, this, &MainWindow::sheetIconToggled);
     editor_.wordSheet = addCaptioned(sheet, QStringLiteral("Làmina de &paraules..."));
 }
 
@@ -280,6 +286,11 @@ void MainWindow::setRecentFiles(const QStringList& paths) {
         QAction* action = recent_->addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(labels[i]));
         action->setToolTip(QDir::toNativeSeparators(QFileInfo(path).absolutePath()));
         action->setStatusTip(QDir::toNativeSeparators(path));
+        // The thumbnail "Desar mini-làmina" saved beside the file, when there is one.
+        const QFileInfo file(path);
+        const QString thumbnail = file.dir().filePath(file.completeBaseName() + "-mini.png");
+        if (QFileInfo::exists(thumbnail))
+            action->setIcon(QIcon(thumbnail));
         connect(action, &QAction::triggered, this, [this, path] { emit recentFileChosen(path); });
     }
     recent_->setEnabled(!paths.isEmpty());

@@ -73,6 +73,8 @@ signals:
     void trackerCalibrationRequested();
     void exportSheetRequested();
     void thumbnailRequested();
+    void printSheetRequested();
+    void sheetIconToggled(bool on);
 
 protected:
     void closeEvent(QCloseEvent* event) override;

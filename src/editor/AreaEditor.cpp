@@ -238,6 +238,49 @@ bool AreaEditor::setRepeatReadings(bool on) {
     return true;
 }
 
+bool AreaEditor::setCell(const std::optional<AreaCell>& cell) {
+    if (!needSelection())
+        return false;
+    const std::optional<AreaCell>& now = selected()->Cell;
+    if (now == cell)
+        return true;
+    const bool onlyLabel =
+        now && cell &&
+        AreaCell{now->Picture, cell->Label, now->Placement, now->Background, now->Border} == *cell;
+    if (onlyLabel)
+        snapshotForRun(QStringLiteral("label"));
+    else
+        takeSnapshot(UndoSnapshot::Mode::BeforeEdit);
+    t_.beginComposing();
+    t_.area(t_.SelectedArea).Cell = cell;
+    edited();
+    return true;
+}
+
+bool AreaEditor::setPagePicture(const QString& picture) {
+    if (t_.pagePicture(t_.CurrentPage) == picture && t_.isComposed())
+        return true;
+    takeSnapshot(UndoSnapshot::Mode::BeforeEdit);
+    t_.beginComposing();
+    t_.setPagePicture(t_.CurrentPage, picture);
+    edited();
+    return true;
+}
+
+bool AreaEditor::editTemplate(const std::function<void(Template&)>& edit) {
+    takeSnapshot(UndoSnapshot::Mode::BeforeEdit);
+    try {
+        edit(t_);
+    } catch (const Overflow16&) {
+        reportOverflow();
+        return false;
+    }
+    t_.refreshPageAreaCount();
+    selectFirstAreaOfPage(t_);
+    edited();
+    return true;
+}
+
 bool AreaEditor::beginSubdivide() {
     if (!needSelection())
         return false;

@@ -64,6 +64,16 @@ public:
     bool resizeArea(int dRight, int dTop);
     bool setActionText(const QString& text);
     bool setRepeatReadings(bool on);
+    // The selected Area's cell; none takes it away. Typing its label is one run.
+    bool setCell(const std::optional<AreaCell>& cell);
+    // The current page's own background picture, as stored; empty takes it away.
+    // Needs no selected Area.
+    bool setPagePicture(const QString& picture);
+
+    // A change of the whole Template made by `edit` (a grid of cells, a new
+    // page): the snapshot first, then the current page shown with its first
+    // Area selected. A count that would overflow changes nothing and is reported.
+    bool editTemplate(const std::function<void(Template&)>& edit);
 
     // Grid subdivision: the snapshot is taken when the dialog opens, so that
     // the split itself changes nothing more than it must. False (a beep) when

@@ -11,13 +11,13 @@ QFont labelFont() {
 
 const QList<PaletteColour>& wordClassColours() {
     static const QList<PaletteColour> colours = {
-        {"Persones", "Personas", 0xFFEB3BU},          // yellow
-        {"Accions", "Acciones", 0x8BC34AU},           // green
-        {"Descripcions", "Descripciones", 0x64B5F6U}, // blue
-        {"Coses", "Cosas", 0xFFB74DU},                // orange
-        {"Socials", "Sociales", 0xF48FB1U},           // pink
-        {"Preguntes", "Preguntas", 0xCE93D8U},        // purple
-        {"Negacions", "Negaciones", 0xEF5350U},       // red
+        {"Persones", 0xFFEB3BU},     // yellow
+        {"Accions", 0x8BC34AU},      // green
+        {"Descripcions", 0x64B5F6U}, // blue
+        {"Coses", 0xFFB74DU},        // orange
+        {"Socials", 0xF48FB1U},      // pink
+        {"Preguntes", 0xCE93D8U},    // purple
+        {"Negacions", 0xEF5350U},    // red
     };
     return colours;
 }

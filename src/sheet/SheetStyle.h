@@ -12,10 +12,9 @@ namespace mervak {
 // write), falling back to DejaVu Sans where it is missing.
 QFont labelFont();
 
-// A colour a teacher picks for a cell, with its name in both languages.
+// A colour a teacher picks for a cell, with its Catalan name.
 struct PaletteColour {
     const char* catalan;
-    const char* spanish;
     uint32_t rgb; // 0xRRGGBB
 };
 

@@ -131,15 +131,23 @@ private:
         result_.losses.append({kind, area, text});
     }
 
+    bool hasCells() const {
+        for (int i = 1; i <= t_.AreaCount(); ++i)
+            if (t_.area(i).Cell)
+                return true;
+        return false;
+    }
+
     void reportHeader() {
         const std::pair<const char*, bool> fields[] = {
-            {"FitxGraf", !t_.FitxGraf.isEmpty()},     {"Ordres", !t_.Ordres.isEmpty()},
-            {"PlantOption", t_.PlantOption != 0},     {"FitxClip", !t_.FitxClip.isEmpty()},
-            {"Tecles", !t_.Tecles.isEmpty()},         {"FitxDoc", !t_.FitxDoc.isEmpty()},
-            {"TxFinestra", !t_.TxFinestra.isEmpty()}, {"descripcio", !t_.descripcio.isEmpty()},
-            {"SoundActive", t_.SoundActive != 0},     {"HeaderFlag", t_.HeaderFlag != 0},
-            {"sv_idioma", t_.sv_idioma != 0},         {"sv_locutor", t_.sv_locutor != 0},
-            {"SV_velocitat", t_.SV_velocitat != 0},   {"MidaLamina", !t_.hasTabletSheetSize()},
+            {"FitxGraf", !t_.FitxGraf.isEmpty()},       {"Ordres", !t_.Ordres.isEmpty()},
+            {"PlantOption", t_.PlantOption != 0},       {"FitxClip", !t_.FitxClip.isEmpty()},
+            {"Tecles", !t_.Tecles.isEmpty()},           {"FitxDoc", !t_.FitxDoc.isEmpty()},
+            {"TxFinestra", !t_.TxFinestra.isEmpty()},   {"descripcio", !t_.descripcio.isEmpty()},
+            {"SoundActive", t_.SoundActive != 0},       {"HeaderFlag", t_.HeaderFlag != 0},
+            {"sv_idioma", t_.sv_idioma != 0},           {"sv_locutor", t_.sv_locutor != 0},
+            {"SV_velocitat", t_.SV_velocitat != 0},     {"MidaLamina", !t_.hasTabletSheetSize()},
+            {"FonsPagina", !t_.PagePictures.isEmpty()}, {"Cella", hasCells()},
         };
         for (const auto& [name, present] : fields)
             if (present)

@@ -5,14 +5,20 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QClipboard>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QTest>
+#include <QToolButton>
 
 namespace mervak::test {
 namespace {
@@ -102,13 +108,15 @@ TEST_F(EditorWindowTest, ArrowKeysMoveTheSelectedArea) {
 TEST_F(EditorWindowTest, SplitThreeByTwoThenUndo) {
     actions().subdivide->trigger();
     EXPECT_EQ(beeps, 1) << "nothing selected";
+    EXPECT_TRUE(status.contains(QStringLiteral("trieu una àrea"))) << status;
     EXPECT_FALSE(actions().undo->isEnabled()) << "nothing to undo yet";
     clickOnSheet({80, 80});
     whenModal(
         [](QWidget* modal) {
             auto* grid = qobject_cast<GridDialog*>(modal);
             ASSERT_NE(grid, nullptr);
-            grid->setCounts(3, 2);
+            grid->columnsField()->setValue(3); // typed, not scrolled
+            grid->rowsField()->setValue(2);
             grid->acceptButton()->click();
         },
         [this] { actions().subdivide->trigger(); });
@@ -119,6 +127,59 @@ TEST_F(EditorWindowTest, SplitThreeByTwoThenUndo) {
     actions().undo->trigger();
     EXPECT_EQ(tmpl.AreaCount(), 3);
     EXPECT_EQ(rectAt(1), (SheetRect{60, 60, 110, 110}));
+}
+
+// The panel makes the selected Area's cell, the sheet shows it as it prints,
+// and a grid of cells comes on a page of its own.
+TEST_F(EditorWindowTest, TheCellPanelComposesTheSheet) {
+    clickOnSheet({80, 80});
+    CellPanel* cells = window.panel()->cells();
+    QTest::keyClicks(cells->labelField(), QStringLiteral("casa"));
+    cells->paletteButton(0)->click();
+    ASSERT_TRUE(tmpl.area(1).Cell.has_value());
+    EXPECT_EQ(tmpl.area(1).Cell->Label, QStringLiteral("casa"));
+    EXPECT_EQ(tmpl.area(1).Cell->Background, 0xFFEB3BU);
+    // Yellow under the selection's tint.
+    const QColor shown =
+        window.sheet()->grab().toImage().pixelColor(widgetPoint({64, 106}).toPoint());
+    EXPECT_TRUE(shown.red() > 220 && shown.green() > 180 && shown.blue() < 90) << shown.name();
+    actions().undo->trigger();
+    EXPECT_FALSE(tmpl.area(1).Cell->Background.has_value()) << "the colour was the last change";
+    EXPECT_EQ(tmpl.area(1).Cell->Label, QStringLiteral("casa"));
+
+    whenModal([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_Return); },
+              [this] { actions().cellGrid->trigger(); });
+    EXPECT_EQ(tmpl.PageCount, 4);
+    EXPECT_EQ(tmpl.CurrentPage, 2);
+    EXPECT_EQ(tmpl.countAreasOfPage(2), 6);
+    EXPECT_EQ(pageCounter()->text(), QStringLiteral("2/4 pàgines"));
+}
+
+// A picture dropped on the panel is named as the Template names files; one
+// pasted from the clipboard is kept beside it first.
+TEST_F(EditorWindowTest, PicturesComeDroppedOrPasted) {
+    QTemporaryDir folder;
+    workingFolder = folder.path();
+    QImage red(8, 8, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    ASSERT_TRUE(red.save(QDir(folder.path()).filePath(QStringLiteral("gos.png"))));
+    clickOnSheet({80, 80});
+    CellPanel* cells = window.panel()->cells();
+
+    QMimeData dropped;
+    dropped.setUrls({QUrl::fromLocalFile(QDir(folder.path()).filePath(QStringLiteral("gos.png")))});
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(cells, &enter);
+    EXPECT_TRUE(enter.isAccepted()) << "a picture file is welcome";
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(cells, &drop);
+    ASSERT_TRUE(tmpl.area(1).Cell.has_value());
+    EXPECT_EQ(tmpl.area(1).Cell->Picture, QStringLiteral("gos.png"));
+
+    QGuiApplication::clipboard()->setImage(red);
+    cells->findChild<QPushButton*>(QStringLiteral("EnganxarDibuix"))->click();
+    EXPECT_EQ(tmpl.area(1).Cell->Picture, QStringLiteral("dibuix-1.png"));
+    EXPECT_FALSE(QImage(QDir(folder.path()).filePath(QStringLiteral("dibuix-1.png"))).isNull());
 }
 
 TEST_F(EditorWindowTest, DeleteAPageAfterMessage107ThenUndo) {

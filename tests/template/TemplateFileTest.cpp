@@ -190,5 +190,35 @@ TEST_F(FolderTest, SavingIntoAnotherFolderTakesTheImageAndClipsAlong) {
         << "the sheet and dibuix.bmp are there with the same content";
 }
 
+// Cell and page pictures are file references like the others; symbols are not files.
+TEST_F(FolderTest, CellAndPagePicturesTravelWithTheTemplate) {
+    for (const char* name : {"vella/fotos/gos.png", "vella/fotos/gat.png", "vella/fons.png"}) {
+        mkdir(QFileInfo(name).path());
+        writeAll(file(name), name);
+    }
+    mkdir(QStringLiteral("nova"));
+    Template t;
+    const QString pictures[] = {QStringLiteral("fotos\\gos.png"), file("vella/fotos/gat.png"),
+                                QStringLiteral("symbol:1F415")};
+    for (const QString& picture : pictures) {
+        Area a = test::makeArea(0, 0, 10, 10, 1);
+        a.Cell = AreaCell{picture, {}, LabelPlacement::Below, {}, {}};
+        t.AppendArea(a);
+    }
+    t.setPagePicture(1, QStringLiteral("fons.png"));
+    ASSERT_FALSE(saveTemplate(t, file("vella/cel.mvw")).error);
+    EXPECT_EQ(t.area(2).Cell->Picture, QStringLiteral("fotos\\gat.png"))
+        << "named inside its folder";
+
+    const SaveOutcome outcome = saveTemplate(t, file("nova/cel.mvw"));
+    ASSERT_FALSE(outcome.error);
+    EXPECT_EQ(outcome.copiedFiles.size(), 3);
+    EXPECT_TRUE(outcome.missingFiles.isEmpty()) << outcome.missingFiles.join(u' ').toStdString();
+    const QStringList stored = {t.area(1).Cell->Picture, t.area(2).Cell->Picture,
+                                t.area(3).Cell->Picture, t.pagePicture(1)};
+    EXPECT_EQ(stored, (QStringList{"gos.png", "gat.png", "symbol:1F415", "fons.png"}));
+    EXPECT_EQ(readAll(file("nova/gat.png")), "vella/fotos/gat.png");
+}
+
 } // namespace
 } // namespace mervak

@@ -35,6 +35,8 @@ AreaPanel::AreaPanel(Language language, QWidget* parent)
     layout_ = new QVBoxLayout(this);
     layout_->setContentsMargins(0, 0, 0, 0);
     layout_->addWidget(buildAreaGroup(language));
+    cells_ = new CellPanel(language);
+    layout_->addWidget(cells_);
     layout_->addWidget(buildPageGroup(language));
     layout_->addStretch(1);
 }

@@ -2,6 +2,7 @@
 
 #include "editor/AreaEditor.h"
 #include "editor/widgets/ActionTextEdit.h"
+#include "editor/widgets/CellPanel.h"
 #include "editor/widgets/CommandMenu.h"
 
 #include <QWidget>
@@ -34,6 +35,7 @@ public:
     QLabel* notationProblem() const { return notationProblem_; }
     QLabel* areaCounter() const { return areaCounter_; }
     QLabel* pageCounter() const { return pageCounter_; }
+    CellPanel* cells() const { return cells_; }
 
     // Room below the page counter for the page frame.
     void addBelowPages(QWidget* widget);
@@ -73,6 +75,7 @@ private:
     QLabel* notationProblem_ = nullptr;
     QLabel* areaCounter_ = nullptr;
     QLabel* pageCounter_ = nullptr;
+    CellPanel* cells_ = nullptr;
     QVBoxLayout* layout_ = nullptr;
 };
 

@@ -22,6 +22,7 @@ struct EditorActions {
     QAction* deletePage = nullptr;
     QAction* savePageModel = nullptr;
     QAction* pastePageModel = nullptr;
+    QAction* cellGrid = nullptr; // a grid of cells over the sheet, on a new page or this one
     QAction* zoomToFit = nullptr;
     QAction* zoomIn = nullptr;
     QAction* zoomOut = nullptr;

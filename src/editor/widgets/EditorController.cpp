@@ -6,13 +6,24 @@
 #include "editor/widgets/Captions.h"
 #include "editor/widgets/Dialogs.h"
 #include "editor/widgets/GridDialog.h"
+#include "editor/widgets/SheetGridDialog.h"
+#include "platform/AtomicFile.h"
 #include "platform/PathResolver.h"
 #include "platform/Settings.h"
+#include "sheet/PageRender.h"
+#include "sheet/PlainLabel.h"
+#include "sheet/SheetPainter.h"
+#include "sheet/SheetStyle.h"
 #include "template/PageModel.h"
 
 #include <QAction>
+#include <QClipboard>
+#include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLineEdit>
+#include <QPainter>
+#include <QSvgRenderer>
 
 namespace mervak {
 
@@ -34,6 +45,7 @@ EditorController::EditorController(Context context, Views views, QObject* parent
             [this] { views_.panel.actionText()->setFocus(Qt::MouseFocusReason); });
     wirePanel();
     wirePane();
+    wireCells();
     showTemplate();
 }
 
@@ -64,6 +76,89 @@ void EditorController::wirePane() {
     connect(&views_.pane, &SheetPane::coordinateEdited, &areas_, &AreaEditor::setCoordinate);
 }
 
+void EditorController::wireCells() {
+    CellPanel* cells = views_.panel.cells();
+    connect(cells, &CellPanel::cellEdited, &areas_, &AreaEditor::setCell);
+    connect(cells, &CellPanel::pictureFileRequested, this, [this] {
+        const QString path = choosePicture(QStringLiteral("Imatge de la cel·la"));
+        if (!path.isEmpty())
+            setCellPicture(storedPicture(path));
+    });
+    connect(cells, &CellPanel::pictureFileDropped, this,
+            [this](const QString& path) { setCellPicture(storedPicture(path)); });
+    connect(cells, &CellPanel::pictureImageGiven, this, &EditorController::keepPastedPicture);
+    connect(cells, &CellPanel::pastePictureRequested, this, [this] {
+        const QImage image = QGuiApplication::clipboard()->image();
+        if (image.isNull())
+            context_.showStatus(TranslateCaption(
+                context_.session.language(), QStringLiteral("El porta-retalls no té cap imatge")));
+        else
+            keepPastedPicture(image);
+    });
+    connect(cells, &CellPanel::pagePictureRequested, this, [this] {
+        const QString path = choosePicture(QStringLiteral("Caràtula:"));
+        if (!path.isEmpty())
+            areas_.setPagePicture(storedPicture(path));
+    });
+    connect(cells, &CellPanel::pagePictureCleared, this, [this] { areas_.setPagePicture({}); });
+}
+
+PictureFiles EditorController::pictureFiles() const {
+    const Template& t = context_.session.tmpl;
+    return {t.isUntitled() ? context_.session.workingFolder()
+                           : QFileInfo(t.TemplateFileName).absolutePath(),
+            symbols_};
+}
+
+QString EditorController::storedPicture(const QString& path) const {
+    return storedFileName(path, pictureFiles().templateFolder, CommandFile::Picture);
+}
+
+QString EditorController::choosePicture(const QString& title) {
+    const Language language = context_.session.language();
+    const QList<FileFilter> filters = {
+        {Message(language, Msg::PictureFiles),
+         {QStringLiteral("*.png"), QStringLiteral("*.jpg"), QStringLiteral("*.jpeg"),
+          QStringLiteral("*.svg"), QStringLiteral("*.gif"), QStringLiteral("*.bmp")}},
+        {Message(language, Msg::AllFiles), {QStringLiteral("*")}}};
+    return chooseFileToOpen(&views_.window, language, title, filters,
+                            pictureFiles().templateFolder);
+}
+
+void EditorController::setCellPicture(const QString& stored) {
+    const Area* area = areas_.selected();
+    if (!area) {
+        context_.beep();
+        return;
+    }
+    AreaCell cell = area->Cell.value_or(AreaCell{});
+    if (!area->Cell)
+        cell.Border = kDefaultBorder;
+    cell.Picture = stored;
+    if (cell.Placement == LabelPlacement::Alone)
+        cell.Placement = LabelPlacement::Below;
+    areas_.setCell(cell);
+}
+
+// A pasted or dropped drawing becomes a file beside the Template, so that the
+// Template names it as it names every picture.
+void EditorController::keepPastedPicture(const QImage& image) {
+    if (!areas_.selected()) {
+        context_.beep();
+        return;
+    }
+    const QDir folder(pictureFiles().templateFolder);
+    QString name;
+    for (int n = 1; name.isEmpty() || folder.exists(name); ++n)
+        name = QStringLiteral("dibuix-%1.png").arg(n);
+    QString why;
+    if (!writeFileAtomically(folder.filePath(name), pngBytes(image), &why)) {
+        context_.showStatus(folder.filePath(name) + QStringLiteral(": ") + why);
+        return;
+    }
+    setCellPicture(name);
+}
+
 void EditorController::bindActions(const EditorActions& actions) {
     AreaEditor* areas = &areas_;
     connect(actions.draw, &QAction::toggled, this, &EditorController::setDrawMode);
@@ -87,6 +182,8 @@ void EditorController::bindActions(const EditorActions& actions) {
             [this] { openPageFrame(PageFrame::Operation::Save); });
     connect(actions.pastePageModel, &QAction::triggered, this,
             [this] { openPageFrame(PageFrame::Operation::Paste); });
+    if (actions.cellGrid)
+        connect(actions.cellGrid, &QAction::triggered, this, &EditorController::composeGrid);
     SheetPane* pane = &views_.pane;
     connect(actions.zoomIn, &QAction::triggered, pane, &SheetPane::zoomIn);
     connect(actions.zoomOut, &QAction::triggered, pane, &SheetPane::zoomOut);
@@ -123,8 +220,9 @@ QList<SheetArea> EditorController::sheetAreas() const {
     for (int ordinal = 1; ordinal <= page.size(); ++ordinal) {
         const int16_t index = page[ordinal - 1];
         const Area& area = t.area(index);
-        areas.append(
-            {rectOf(area), context_.areaLabel(area.ActionText), index == t.SelectedArea, ordinal});
+        // A cell shows its own label on the sheet.
+        const QString label = area.Cell ? QString() : context_.areaLabel(area.ActionText);
+        areas.append({rectOf(area), label, index == t.SelectedArea, ordinal});
     }
     return areas;
 }
@@ -132,6 +230,8 @@ QList<SheetArea> EditorController::sheetAreas() const {
 // The sheet image is read again only when its name or its file changed.
 QImage EditorController::sheetPicture() {
     const Template& t = context_.session.tmpl;
+    if (t.isComposed())
+        return composedPicture();
     if (t.FitxGraf.isEmpty()) {
         picturePath_.clear();
         picture_ = QImage();
@@ -148,6 +248,59 @@ QImage EditorController::sheetPicture() {
     return picture_;
 }
 
+// Drawn at about 110 dots per inch, sharp on a large screen, and only when
+// something the page shows has changed.
+QImage EditorController::composedPicture() {
+    constexpr double kScreenDpi = 110;
+    const Template& t = context_.session.tmpl;
+    const PictureFiles files = pictureFiles();
+    QString key = QStringLiteral("%1 %2x%3 %4 %5")
+                      .arg(files.templateFolder)
+                      .arg(t.SheetWidthMm)
+                      .arg(t.SheetHeightMm)
+                      .arg(t.CurrentPage)
+                      .arg(t.pagePicture(t.CurrentPage));
+    for (const int16_t index : t.areasOfPage(t.CurrentPage)) {
+        const Area& a = t.area(index);
+        if (!a.Cell)
+            continue;
+        key += QStringLiteral("|%1,%2,%3,%4 %5 %6 %7 %8 %9")
+                   .arg(a.X0)
+                   .arg(a.Y0)
+                   .arg(a.X1)
+                   .arg(a.Y1)
+                   .arg(a.Cell->Picture, SheetPainter::cellLabel(a))
+                   .arg(static_cast<int>(a.Cell->Placement))
+                   .arg(colourText(a.Cell->Background), colourText(a.Cell->Border));
+    }
+    if (key != composedKey_) {
+        composedKey_ = key;
+        composed_ = renderPageImage(t, t.CurrentPage, sheetPixels(t, kScreenDpi), files,
+                                    {false, context_.session.language()});
+    }
+    return composed_;
+}
+
+void EditorController::showCell(const Area* area) {
+    QImage preview;
+    if (area && area->Cell) {
+        const QString path = pictureFiles().find(area->Cell->Picture);
+        if (path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive)) {
+            QSvgRenderer drawing(path);
+            preview = QImage(64, 64, QImage::Format_ARGB32_Premultiplied);
+            preview.fill(Qt::transparent);
+            QPainter painter(&preview);
+            drawing.render(&painter);
+        } else if (!path.isEmpty()) {
+            preview = QImage(path);
+        }
+    }
+    CellPanel* cells = views_.panel.cells();
+    cells->showCell(area != nullptr, area ? area->Cell : std::nullopt,
+                    area ? plainLabel(area->ActionText) : QString(), preview);
+    cells->showPagePicture(context_.session.tmpl.pagePicture(context_.session.tmpl.CurrentPage));
+}
+
 void EditorController::showTemplate() {
     const Language language = context_.session.language();
     SheetView* sheet = views_.pane.sheet();
@@ -157,6 +310,7 @@ void EditorController::showTemplate() {
     const Area* selected = areas_.selected();
     views_.pane.showArea(selected);
     views_.panel.showArea(selected);
+    showCell(selected);
     showKeysPreview(selected);
     const CounterTexts counters = areas_.counters();
     views_.panel.setCounters(translateCounter(language, counters.MsgArea),
@@ -191,6 +345,8 @@ void EditorController::subdivide() {
     const Area* area = areas_.selected();
     if (!area) {
         context_.beep();
+        context_.showStatus(TranslateCaption(context_.session.language(),
+                                             QStringLiteral("Subdividir: primer trieu una àrea")));
         return;
     }
     const SheetRect rect = rectOf(*area);
@@ -255,6 +411,18 @@ void EditorController::deletePage() {
         return;
     report(pages_.deletePage());
     areas_.reset();
+}
+
+void EditorController::composeGrid() {
+    SheetGridDialog dialog(context_.session.language(), cellGrid_, &views_.window);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    cellGrid_ = dialog.spec();
+    const GridSpec spec = cellGrid_;
+    if (dialog.onNewPage())
+        areas_.editTemplate([spec](Template& t) { addGridPage(t, spec); });
+    else
+        areas_.editTemplate([spec](Template& t) { appendGrid(t, spec); });
 }
 
 void EditorController::report(const std::optional<TemplateError>& error) {

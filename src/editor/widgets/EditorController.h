@@ -8,6 +8,8 @@
 #include "editor/widgets/PageFrame.h"
 #include "editor/widgets/SheetInteraction.h"
 #include "editor/widgets/SheetPane.h"
+#include "sheet/PictureFiles.h"
+#include "sheet/ReadingGrid.h"
 
 #include <QObject>
 #include <functional>
@@ -59,6 +61,8 @@ public:
     // Opens the page frame for an operation; `before` preselects "Inserir abans".
     void openPageFrame(PageFrame::Operation operation, bool before = false);
     void deletePage();
+    // Asks for a grid of cells and makes it, on a new page or the current one.
+    void composeGrid();
 
     // Runs a command menu entry: file commands ask for their file first.
     void insertCommand(const CommandEntry& entry);
@@ -70,9 +74,16 @@ public:
     void refreshCatalogue();
 
     // What the sheet shows, for other views of it: the current page's Areas
-    // and the sheet image (read again only when its name or file changed).
+    // and the sheet image (read again only when its name or file changed). A
+    // composed page is the page as it prints, drawn again only when it changed.
     QList<SheetArea> sheetAreas() const;
     QImage sheetPicture();
+
+    // Where library symbols are found; until it is given, symbols show nothing.
+    void setSymbolFiles(SymbolFileLookup symbols) { symbols_ = std::move(symbols); }
+    // The open Template's pictures: its folder (the working folder while
+    // untitled) and the symbol library.
+    PictureFiles pictureFiles() const;
 
 signals:
     // Areas, page or selection changed: other views of the sheet follow.
@@ -84,6 +95,14 @@ signals:
 private:
     void wirePanel();
     void wirePane();
+    void wireCells();
+    void showCell(const Area* area);
+    QImage composedPicture();
+    // Stores a chosen picture file the way the Template names files.
+    QString storedPicture(const QString& path) const;
+    QString choosePicture(const QString& title);
+    void setCellPicture(const QString& stored);
+    void keepPastedPicture(const QImage& image);
     void showTemplate();
     void showKeysPreview(const Area* area);
     void confirmPageFrame();
@@ -99,8 +118,12 @@ private:
     EditorActions actions_;
     QString picturePath_;
     QImage picture_;
+    SymbolFileLookup symbols_;
+    QString composedKey_;
+    QImage composed_;
     int gridColumns_ = 2;
     int gridRows_ = 2;
+    GridSpec cellGrid_;
 };
 
 } // namespace mervak

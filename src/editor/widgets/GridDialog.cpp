@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSpinBox>
 
 namespace mervak {
 
@@ -57,12 +58,20 @@ QScrollBar* countBar(Qt::Orientation orientation, const char* name) {
     return bar;
 }
 
+QSpinBox* countField(const char* name) {
+    auto* field = new QSpinBox;
+    field->setObjectName(QString::fromLatin1(name));
+    field->setRange(1, GridDialog::kMaxCount);
+    return field;
+}
+
 } // namespace
 
 GridDialog::GridDialog(Language language, QSizeF shape, QWidget* parent)
     : QDialog(parent), scrollH_(countBar(Qt::Horizontal, "ScrollH")),
       scrollV_(countBar(Qt::Vertical, "ScrollV")), columnsLabel_(new QLabel),
-      rowsLabel_(new QLabel), command1_(new QPushButton), command2_(new QPushButton) {
+      rowsLabel_(new QLabel), columnsField_(countField("NumColumnes")),
+      rowsField_(countField("NumFiles")), command1_(new QPushButton), command2_(new QPushButton) {
     setObjectName(QStringLiteral("Quadricula"));
     setWindowCaption(this, QStringLiteral("Subdividir l'àrea"), language);
     // Value 0 is the largest count: the horizontal bar puts it at the right.
@@ -94,6 +103,8 @@ GridDialog::GridDialog(Language language, QSizeF shape, QWidget* parent)
     grid->addWidget(preview_, 1, 0, 1, 2);
     grid->addWidget(scrollV_, 1, 2);
     grid->addWidget(scrollH_, 2, 0, 1, 2);
+    grid->addWidget(rowsField_, 0, 2);
+    grid->addWidget(columnsField_, 2, 2);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(command1_);
@@ -105,6 +116,10 @@ GridDialog::GridDialog(Language language, QSizeF shape, QWidget* parent)
 
     connect(scrollH_, &QScrollBar::valueChanged, this, &GridDialog::refresh);
     connect(scrollV_, &QScrollBar::valueChanged, this, &GridDialog::refresh);
+    connect(columnsField_, &QSpinBox::valueChanged, this,
+            [this](int count) { scrollH_->setValue(scrollH_->maximum() - count + 1); });
+    connect(rowsField_, &QSpinBox::valueChanged, this,
+            [this](int count) { scrollV_->setValue(scrollV_->maximum() - count + 1); });
     connect(command1_, &QPushButton::clicked, this, &QDialog::accept);
     connect(command2_, &QPushButton::clicked, this, &QDialog::reject);
     setCounts(2, 2);
@@ -130,6 +145,12 @@ void GridDialog::setCounts(int columns, int rows) {
 void GridDialog::refresh() {
     columnsLabel_->setText(QString::number(columns()));
     rowsLabel_->setText(QString::number(rows()));
+    for (const auto& [field, count] : {std::pair{columnsField_, columns()}, {rowsField_, rows()}}) {
+        if (field->value() != count) {
+            const QSignalBlocker quiet(field);
+            field->setValue(count);
+        }
+    }
     preview_->update();
 }
 

@@ -7,13 +7,15 @@
 class QLabel;
 class QPushButton;
 class QScrollBar;
+class QSpinBox;
 
 namespace mervak {
 
 // The dialog Quadricula: the number of columns (ScrollH) and rows (ScrollV) to
 // split the selected Area into. Each count is the bar's maximum minus its value
 // plus 1; both bars are laid out so that moving right or up gives more. A
-// small picture shows the grid in the Area's shape.
+// small picture shows the grid in the Area's shape. A number field beside each
+// bar lets the count be typed.
 class GridDialog : public QDialog {
     Q_OBJECT
 public:
@@ -27,6 +29,8 @@ public:
     void setCounts(int columns, int rows);
 
     QPushButton* acceptButton() const { return command1_; }
+    QSpinBox* columnsField() const { return columnsField_; }
+    QSpinBox* rowsField() const { return rowsField_; }
 
 private:
     void refresh();
@@ -35,6 +39,8 @@ private:
     QScrollBar* scrollV_;
     QLabel* columnsLabel_;
     QLabel* rowsLabel_;
+    QSpinBox* columnsField_;
+    QSpinBox* rowsField_;
     QWidget* preview_;
     QPushButton* command1_;
     QPushButton* command2_;

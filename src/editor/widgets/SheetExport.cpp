@@ -6,6 +6,7 @@
 #include "editor/widgets/Dialogs.h"
 #include "platform/AtomicFile.h"
 #include "platform/PathResolver.h"
+#include "sheet/PageRender.h"
 #include "template/Template.h"
 
 #include <QBuffer>
@@ -19,9 +20,12 @@
 #include <QHBoxLayout>
 #include <QImageReader>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -51,6 +55,8 @@ QSizeF paperMm(PaperSize paper) {
 
 // Portrait paper in millimetres, turned when the surface is wider than high.
 QSizeF orientedPaperMm(QSizeF surfaceMm, PaperSize paper) {
+    if (paper == PaperSize::Sheet)
+        return surfaceMm;
     const QSizeF portrait = paperMm(paper);
     return surfaceMm.width() > surfaceMm.height() ? portrait.transposed() : portrait;
 }
@@ -59,6 +65,12 @@ struct OutlineStyle {
     double penWidth; // in the painter's units
     bool labels;
     double padding; // between an outline and its label
+};
+
+// How a sheet is drawn besides its outlines.
+struct SheetLook {
+    const SymbolFileLookup& symbols;
+    bool cornerMarks = false;
 };
 
 QRectF areaRect(const Area& area, const QRectF& target) {
@@ -72,14 +84,24 @@ QRectF areaRect(const Area& area, const QRectF& target) {
 // The sheet over `target` (its 120 x 120 units) with the picture on it, and
 // the outlines of the page's Areas when a style is given.
 void paintSheet(QPainter& painter, const QRectF& target, const Template& t, const QImage& picture,
-                int page, const OutlineStyle* style) {
-    painter.fillRect(target, Qt::white);
-    if (!picture.isNull())
-        painter.drawImage(target, picture);
+                int page, const OutlineStyle* style, const SheetLook& look) {
+    // The composed page, or the picture alone (the painter then adds only marks).
+    SheetPainter sheet(t, PictureFiles{SheetPainter::folderOf(t), look.symbols});
+    if (t.isComposed()) {
+        sheet.paint(painter, target, static_cast<int16_t>(page), {look.cornerMarks, {}});
+    } else {
+        painter.fillRect(target, Qt::white);
+        if (!picture.isNull())
+            painter.drawImage(target, picture);
+        if (look.cornerMarks)
+            SheetPainter::paintCornerMarks(painter, target, target.width() / t.SheetWidthMm);
+    }
     if (!style)
         return;
     for (const auto index : t.areasOfPage(static_cast<int16_t>(page))) {
         const Area& area = t.area(index);
+        if (area.Cell)
+            continue;
         const QRectF box = areaRect(area, target);
         painter.setPen(QPen(kOutlineColour, style->penWidth));
         painter.setBrush(Qt::NoBrush);
@@ -121,6 +143,31 @@ void paintFooter(QPainter& painter, const QRectF& surface, const QSizeF& paper, 
                      QStringLiteral("%1    %2/%3").arg(name).arg(page).arg(t.PageCount));
 }
 
+// The chosen pages, each on its own paper, the sheet at `surface` (in dots of
+// kPdfDpi) with its footer below it.
+void paintPages(QPainter& painter, const std::function<void()>& newPage, const Template& t,
+                const QImage& picture, const SheetExportOptions& options, const QRectF& surface,
+                const QSizeF& paperDots) {
+    QFont font = painter.font();
+    font.setPointSizeF(9);
+    const OutlineStyle style{toDots(0.35), true, toDots(1)};
+    const int first = options.allPages ? 1 : t.CurrentPage;
+    const int last = options.allPages ? t.PageCount : t.CurrentPage;
+    for (int page = first; page <= last; ++page) {
+        if (page > first)
+            newPage();
+        painter.setFont(font);
+        paintSheet(painter, surface, t, picture, page, options.outlines ? &style : nullptr,
+                   {options.symbols, true});
+        paintFooter(painter, surface, paperDots, t, page);
+    }
+}
+
+QRectF centred(const QSizeF& size, const QSizeF& paper) {
+    return {QPointF((paper.width() - size.width()) / 2, (paper.height() - size.height()) / 2),
+            size};
+}
+
 bool writePdf(const Template& t, const QImage& picture, const SheetExportOptions& options,
               QByteArray* pdf) {
     QBuffer buffer(pdf);
@@ -131,29 +178,17 @@ bool writePdf(const Template& t, const QImage& picture, const SheetExportOptions
     writer.setTitle(QFileInfo(t.TemplateFileName).fileName());
     const QSizeF sheetMm = sheetSizeMm(t);
     const QSizeF paper = orientedPaperMm(sheetMm, options.paper);
-    writer.setPageSize(QPageSize(paper, QPageSize::Millimeter));
+    writer.setPageSize(QPageSize(paper, QPageSize::Millimeter, QString(),
+                                 options.paper == PaperSize::Sheet ? QPageSize::ExactMatch
+                                                                   : QPageSize::FuzzyMatch));
     writer.setPageMargins(QMarginsF(0, 0, 0, 0), QPageLayout::Millimeter);
     const QSizeF paperDots(toDots(paper.width()), toDots(paper.height()));
-    const QSizeF surfaceDots(toDots(sheetMm.width()), toDots(sheetMm.height()));
-    const QRectF surface(QPointF((paperDots.width() - surfaceDots.width()) / 2,
-                                 (paperDots.height() - surfaceDots.height()) / 2),
-                         surfaceDots);
-
     QPainter painter;
     if (!painter.begin(&writer))
         return false;
-    QFont font = painter.font();
-    font.setPointSizeF(9);
-    const OutlineStyle style{toDots(0.35), true, toDots(1)};
-    const int first = options.allPages ? 1 : t.CurrentPage;
-    const int last = options.allPages ? t.PageCount : t.CurrentPage;
-    for (int page = first; page <= last; ++page) {
-        if (page > first)
-            writer.newPage();
-        painter.setFont(font);
-        paintSheet(painter, surface, t, picture, page, options.outlines ? &style : nullptr);
-        paintFooter(painter, surface, paperDots, t, page);
-    }
+    paintPages(
+        painter, [&writer] { writer.newPage(); }, t, picture, options,
+        centred(QSizeF(toDots(sheetMm.width()), toDots(sheetMm.height())), paperDots), paperDots);
     return painter.end();
 }
 
@@ -183,8 +218,9 @@ public:
         setCaption(currentPage_, QStringLiteral("Pàgina actual"), language);
         setCaption(allPages_, QStringLiteral("Totes les pàgines"), language);
         (options.allPages ? allPages_ : currentPage_)->setChecked(true);
-        paper_->addItems({QStringLiteral("A4"), QStringLiteral("A3")});
-        paper_->setCurrentIndex(options.paper == PaperSize::A3 ? 1 : 0);
+        paper_->addItems({QStringLiteral("A4"), QStringLiteral("A3"),
+                          TranslateCaption(language, QStringLiteral("La mida de la làmina"))});
+        paper_->setCurrentIndex(static_cast<int>(options.paper));
         setCaption(outlines_, QStringLiteral("Contorns i etiquetes de les àrees"), language);
         outlines_->setChecked(options.outlines);
         auto* pages = new QHBoxLayout;
@@ -203,7 +239,7 @@ public:
     SheetExportOptions options() const {
         SheetExportOptions chosen;
         chosen.allPages = allPages_->isChecked();
-        chosen.paper = paper_->currentIndex() == 1 ? PaperSize::A3 : PaperSize::A4;
+        chosen.paper = static_cast<PaperSize>(paper_->currentIndex());
         chosen.outlines = outlines_->isChecked();
         return chosen;
     }
@@ -289,25 +325,40 @@ bool SheetExport::exportPdf(const Template& t, const QImage& picture,
 }
 
 QImage SheetExport::renderPage(const Template& t, const QImage& picture, int page, QSize size,
-                               bool outlines) {
+                               bool outlines, const SymbolFileLookup& symbols) {
     QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     const OutlineStyle style{std::max(1.0, size.width() / 240.0), false, 0};
     paintSheet(painter, QRectF(QPointF(0, 0), QSizeF(size)), t, picture, page,
-               outlines ? &style : nullptr);
+               outlines ? &style : nullptr, {symbols, false});
     return image;
 }
 
 bool SheetExport::saveThumbnail(const Template& t, const QImage& picture, const QString& path,
-                                Language language, QString* error, int longSide) {
+                                Language language, QString* error, int longSide,
+                                const SymbolFileLookup& symbols) {
     const QSize size = sheetSizeMm(t)
                            .scaled(QSizeF(longSide, longSide), Qt::KeepAspectRatio)
                            .toSize()
                            .expandedTo(QSize(1, 1));
     QString why;
-    if (!writeImage(renderPage(t, picture, t.CurrentPage, size, true), path, &why)) {
+    if (!writeImage(renderPage(t, picture, t.CurrentPage, size, !t.isComposed(), symbols), path,
+                    &why)) {
+        *error = notSaved(language, path, why);
+        return false;
+    }
+    return true;
+}
+
+bool SheetExport::savePng(const Template& t, const QImage& picture, const QString& path,
+                          const SheetExportOptions& options, Language language, QString* error,
+                          double dpi) {
+    QString why;
+    const QImage page = renderPage(t, picture, t.CurrentPage, sheetPixels(t, dpi), options.outlines,
+                                   options.symbols);
+    if (!writeImage(page, path, &why)) {
         *error = notSaved(language, path, why);
         return false;
     }
@@ -316,10 +367,94 @@ bool SheetExport::saveThumbnail(const Template& t, const QImage& picture, const 
 
 namespace {
 
+// The printer's paper and its printable part, in dots of kPdfDpi, the paper's
+// corner at the origin.
+struct PrinterPaper {
+    QSizeF paper;
+    QRectF printable;
+};
+
+PrinterPaper paperOf(const QPrinter& printer) {
+    const QPageLayout layout = printer.pageLayout();
+    const QRectF full = layout.fullRect(QPageLayout::Millimeter);
+    const QRectF printable = layout.paintRect(QPageLayout::Millimeter);
+    return {QSizeF(toDots(full.width()), toDots(full.height())),
+            QRectF(toDots(printable.left()), toDots(printable.top()), toDots(printable.width()),
+                   toDots(printable.height()))};
+}
+
+bool printerWouldScale(const Template& t, const PrinterPaper& paper) {
+    const QSizeF sheet(toDots(t.SheetWidthMm), toDots(t.SheetHeightMm));
+    return sheet.width() > paper.printable.width() + 1 ||
+           sheet.height() > paper.printable.height() + 1;
+}
+
+// True size centred on the paper; when it does not fit, as large as the
+// printable part allows.
+void printPages(QPrinter& printer, const Template& t, const QImage& picture,
+                const SheetExportOptions& options) {
+    const PrinterPaper paper = paperOf(printer);
+    const QSizeF sheet(toDots(t.SheetWidthMm), toDots(t.SheetHeightMm));
+    const QRectF surface =
+        printerWouldScale(t, paper)
+            ? centred(sheet.scaled(paper.printable.size(), Qt::KeepAspectRatio), paper.paper)
+            : centred(sheet, paper.paper);
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return;
+    const double scale = printer.resolution() / static_cast<double>(kPdfDpi);
+    painter.scale(scale, scale);
+    paintPages(
+        painter, [&printer] { printer.newPage(); }, t, picture, options, surface, paper.paper);
+    painter.end();
+}
+
+} // namespace
+
+bool SheetExport::printWithDialog(QWidget* parent, const Template& t, Language language,
+                                  const SheetExportOptions& options) {
+    QString error;
+    const QImage picture = loadPicture(t, language, &error);
+    if (!error.isEmpty()) {
+        showNotice(parent, language, error, true);
+        return false;
+    }
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setFullPage(true);
+    printer.setPageOrientation(t.SheetWidthMm > t.SheetHeightMm ? QPageLayout::Landscape
+                                                                : QPageLayout::Portrait);
+    QPrintDialog dialog(&printer, parent);
+    dialog.setWindowTitle(caption(language, "Imprimir la làmina"));
+    dialog.setOption(QAbstractPrintDialog::PrintCurrentPage);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    if (printerWouldScale(t, paperOf(printer))) {
+        const QString warning =
+            caption(language,
+                    "La làmina (%1 × %2 mm) no cap en aquest paper: s'imprimiria "
+                    "reduïda i no coincidiria amb la tauleta. Voleu imprimir-la igualment?")
+                .arg(t.SheetWidthMm)
+                .arg(t.SheetHeightMm);
+        QMessageBox box(QMessageBox::Warning, caption(language, "Imprimir la làmina"), warning,
+                        QMessageBox::NoButton, parent);
+        QPushButton* yes = box.addButton(caption(language, "Acceptar"), QMessageBox::AcceptRole);
+        box.addButton(caption(language, "Cancel·lar"), QMessageBox::RejectRole);
+        box.exec();
+        if (box.clickedButton() != yes)
+            return false;
+    }
+    SheetExportOptions chosen = options;
+    chosen.allPages = printer.printRange() != QPrinter::CurrentPage;
+    printPages(printer, t, picture, chosen);
+    return true;
+}
+
+namespace {
+
 // What one export asks of the user and writes.
 struct ExportFlow {
     const char* title;
-    const char* filterName;
+    QList<FileFilter> filters;
     const char* suffix;        // of the suggested name
     const char* defaultSuffix; // added to a name typed without one
     std::function<bool(const QImage& picture, const QString& path, QString* error)> write;
@@ -331,9 +466,7 @@ bool runExportFlow(QWidget* parent, const Template& t, Language language, const 
     const QImage picture = SheetExport::loadPicture(t, language, &error);
     if (error.isEmpty()) {
         const QString path = chooseFileToSave(
-            parent, language, QString::fromUtf8(flow.title),
-            {{QString::fromUtf8(flow.filterName),
-              {QStringLiteral("*.") + QLatin1String(flow.defaultSuffix)}}},
+            parent, language, QString::fromUtf8(flow.title), flow.filters,
             suggestedPath(t, QLatin1String(flow.suffix)), QLatin1String(flow.defaultSuffix));
         if (path.isEmpty() || flow.write(picture, path, &error))
             return !path.isEmpty();
@@ -349,19 +482,32 @@ bool SheetExport::exportWithDialog(QWidget* parent, const Template& t, Language 
     ExportOptionsDialog dialog(*options, language, parent);
     if (dialog.exec() != QDialog::Accepted)
         return false;
-    *options = dialog.options();
+    SheetExportOptions chosen = dialog.options();
+    chosen.symbols = options->symbols;
+    *options = chosen;
+    // The name's ending chooses: a PNG of the current page, else the PDF.
     return runExportFlow(parent, t, language,
-                         {"Desar la làmina en PDF", "Document PDF", ".pdf", "pdf",
+                         {"Desar la làmina",
+                          {{QStringLiteral("Document PDF"), {QStringLiteral("*.pdf")}},
+                           {QStringLiteral("Imatge PNG"), {QStringLiteral("*.png")}}},
+                          ".pdf",
+                          "pdf",
                           [&](const QImage& picture, const QString& path, QString* error) {
+                              if (path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive))
+                                  return savePng(t, picture, path, *options, language, error);
                               return exportPdf(t, picture, *options, path, language, error);
                           }});
 }
 
-bool SheetExport::saveThumbnailWithDialog(QWidget* parent, const Template& t, Language language) {
+bool SheetExport::saveThumbnailWithDialog(QWidget* parent, const Template& t, Language language,
+                                          const SymbolFileLookup& symbols) {
     return runExportFlow(parent, t, language,
-                         {"Desar mini-làmina", "Imatge PNG", "-mini.png", "png",
+                         {"Desar mini-làmina",
+                          {{QStringLiteral("Imatge PNG"), {QStringLiteral("*.png")}}},
+                          "-mini.png",
+                          "png",
                           [&](const QImage& picture, const QString& path, QString* error) {
-                              return saveThumbnail(t, picture, path, language, error);
+                              return saveThumbnail(t, picture, path, language, error, 240, symbols);
                           }});
 }
 

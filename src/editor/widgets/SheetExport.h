@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Language.h"
+#include "sheet/PictureFiles.h"
 
 #include <QImage>
 #include <QSizeF>
@@ -12,20 +13,23 @@ namespace mervak {
 
 class Template;
 
-enum class PaperSize { A4, A3 };
+// Sheet: a page exactly the sheet's size, to print at 100 % on any larger paper.
+enum class PaperSize { A4, A3, Sheet };
 
 // What a printed sheet holds; its size is the Template's.
 struct SheetExportOptions {
     PaperSize paper = PaperSize::A4;
-    bool allPages = false; // else the current page only
-    bool outlines = true;  // the Areas' outlines with the labels of what they type
+    bool allPages = false;    // else the current page only
+    bool outlines = true;     // the outlines of Areas without a cell, with what they type
+    SymbolFileLookup symbols; // where the library symbols of composed pages are
 };
 
 // Prints the sheet that lies on the tablet: the Template's sheet size at true
 // size, centred on the paper (landscape when it is wider than high), one PDF
 // page per Template page. The sheet units span the sheet edge to edge, and the
-// picture covers it, as the editor shows it.
-// Files are written atomically.
+// picture covers it, as the editor shows it; a composed Template prints each
+// page's own picture and its cells. Corner marks show where to lay it on the
+// tablet. Files are written atomically.
 class SheetExport {
 public:
     // The Template's picture, found from its folder as stored names are; a null
@@ -43,21 +47,35 @@ public:
                           QString* error);
 
     // The page drawn into an image of `size` pixels: the picture (white when
-    // null) and, when `outlines`, the Areas' outlines without labels.
+    // null) or the composed page, and, when `outlines`, the outlines of the
+    // Areas without a cell, without labels.
     static QImage renderPage(const Template& t, const QImage& picture, int page, QSize size,
-                             bool outlines);
+                             bool outlines, const SymbolFileLookup& symbols = {});
 
     // "Desar mini-làmina": the current page, outlines included, in a PNG whose
     // longer side is `longSide` pixels, shaped like the sheet.
     static bool saveThumbnail(const Template& t, const QImage& picture, const QString& path,
-                              Language language, QString* error, int longSide = 240);
+                              Language language, QString* error, int longSide = 240,
+                              const SymbolFileLookup& symbols = {});
+
+    // The current page as a PNG of the sheet at `dpi` dots per inch.
+    static bool savePng(const Template& t, const QImage& picture, const QString& path,
+                        const SheetExportOptions& options, Language language, QString* error,
+                        double dpi = 300);
+
+    // "Imprimir...": the system's print dialog, then the pages at true size,
+    // centred; when the paper's printable part is smaller than the sheet the
+    // teacher is warned that it would print reduced, and may stop.
+    static bool printWithDialog(QWidget* parent, const Template& t, Language language,
+                                const SheetExportOptions& options);
 
     // The menu commands: ask for the options (starting from `*options`, which
     // receives the choice for next time) and the file name, then write and
     // report failures in a message box. False when cancelled or failed.
     static bool exportWithDialog(QWidget* parent, const Template& t, Language language,
                                  SheetExportOptions* options);
-    static bool saveThumbnailWithDialog(QWidget* parent, const Template& t, Language language);
+    static bool saveThumbnailWithDialog(QWidget* parent, const Template& t, Language language,
+                                        const SymbolFileLookup& symbols = {});
 };
 
 } // namespace mervak

@@ -115,6 +115,7 @@ TEST(SheetExport, PrintsTheSheetAtTrueSizeWithACircleRound) {
         {"EASY surface on A4, landscape", PaperSize::A4, {270, 190}, {297, 210}},
         {"EASY surface on A3", PaperSize::A3, {270, 190}, {420, 297}},
         {"tall surface on A4, portrait", PaperSize::A4, {150, 250}, {210, 297}},
+        {"paper the sheet's own size", PaperSize::Sheet, {270, 190}, {270, 190}},
     };
     constexpr int kDpi = 50;
     QTemporaryDir dir;

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Language.h"
+#include "sheet/ReadingGrid.h"
+
+#include <QDialog>
+
+class QDoubleSpinBox;
+class QRadioButton;
+class QSpinBox;
+
+namespace mervak {
+
+// Asks for a grid of cells over the whole sheet: rows, columns, the margin at
+// the sheet's edge and the gap between cells (millimetres), and whether it goes
+// on a new page or on the current one.
+class SheetGridDialog : public QDialog {
+    Q_OBJECT
+public:
+    SheetGridDialog(Language language, const GridSpec& start, QWidget* parent = nullptr);
+
+    GridSpec spec() const;
+    bool onNewPage() const;
+
+private:
+    QSpinBox* rows_;
+    QSpinBox* columns_;
+    QDoubleSpinBox* margin_;
+    QDoubleSpinBox* gap_;
+    QRadioButton* newPage_;
+    QRadioButton* currentPage_;
+};
+
+} // namespace mervak
