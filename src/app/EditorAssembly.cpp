@@ -28,6 +28,7 @@ EditorAssembly::EditorAssembly(Session& session, MainWindow& window, const Effec
       symbols_(SymbolCommands::Context{session, editor_, window, effects.beep, effects.status},
                libraries_) {
     editor_.bindActions(window.editorActions());
+    setSymbolFiles(SymbolLibrary::filesIn(SymbolLibrary::installedFolder()));
     const EditorActions& actions = window.editorActions();
     QObject::connect(actions.chooseSymbol, &QAction::triggered, &symbols_,
                      &SymbolCommands::chooseSymbolForArea);
