@@ -666,8 +666,6 @@ constexpr CaptionPair kCaptions[] = {
     {u"Graella de cel·les...", u"Cuadrícula de celdas..."},
     {u"En una pàgina nova", u"En una página nueva"},
     {u"A la pàgina actual", u"En la página actual"},
-    {u"Marge:", u"Margen:"},
-    {u"Separació:", u"Separación:"},
     {u"La mida de la làmina", u"El tamaño de la lámina"},
     {u"Desar la làmina", u"Guardar la lámina"},
     {u"Imprimir...", u"Imprimir..."},

@@ -205,7 +205,8 @@ TEST_F(DocumentControllerTest, SaveDialogsStartInTheTemplatesFolderWithMervaksFo
         {false,
          true,
          {QStringLiteral("Plantilles de Mervak (*.mvw *.MVW)"),
-          QStringLiteral("Plantilles antigues de MS-DOS (*.mvd *.MVD)")}},
+          QStringLiteral("Plantilles antigues de MS-DOS (*.mvd *.MVD)"),
+          QStringLiteral("Taulers de comunicació (Open Board) (*.obz *.OBZ)")}},
     };
     for (const auto& c : cases) {
         tmpl.Modified = false;
