@@ -31,19 +31,15 @@ start_scanning() {
     "$1" >"$work/home/MERVAK.INI"
   "$bin/mervak" --home "$work/home" "$work/scan.mvw" 2>"$work/mervak.log" &
   mervak=$!
-  # Without a tablet a message box says so; it is closed, then the terminal is the pupil's.
-  # The machine may be busy: Mervak gets 30 s to show it.
-  box=
+  # Without a tablet Mervak starts quietly; the machine may be busy: it gets 30 s
+  # to show its window, then the terminal is the pupil's.
+  main=
   for _ in $(seq 300); do
-    box=$(xdotool search --onlyvisible --name "^MERVAK$" 2>/dev/null | head -n 1) && [ -n "$box" ] && break
+    main=$(xdotool search --onlyvisible --name "^Mervak - " 2>/dev/null | head -n 1) && [ -n "$main" ] && break
     kill -0 "$mervak" 2>/dev/null || fail "Mervak ended"
     sleep 0.1
   done
-  [ -n "$box" ] || fail "Mervak did not start"
-  while xdotool search --onlyvisible --name "^MERVAK$" >/dev/null 2>&1; do
-    xdotool windowactivate --sync "$box" key --clearmodifiers Return 2>/dev/null || true
-    sleep 0.2
-  done
+  [ -n "$main" ] || fail "Mervak did not start"
   terminal=$(xdotool search --name "^Mervak demo$" | head -n 1)
   xdotool windowactivate --sync "$terminal"
   sleep 0.5

@@ -21,7 +21,7 @@ place_template() {
 # Mervak's further OPTIONS.
 #   press_both FOLDER LINES [OPTIONS...]
 press_both() {
-  coproc SIM { "$bin/mervak-tablet-sim" "wait 1500; press 30 90 3 20; lift; wait 700;
+  coproc SIM { "$bin/mervak-tablet-sim" "wait 3000; press 30 90 3 20; lift; wait 700;
     press 90 90 3 20; lift; wait 1500; quit"; }
   read -r port <&"${SIM[0]}"
   printf '[Mervak]\r\nModel=EASY\r\nPort=%s\r\n%s' "$port" "$2" >"$work/home/MERVAK.INI"
