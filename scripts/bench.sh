@@ -18,9 +18,9 @@ fi
 bin=$(cd "${1:-$here/../build/release/bin}" && pwd)
 export LC_ALL=C.UTF-8
 if [ ${#quick_flag[@]} = 1 ]; then
-  chars=300 presses=30 idle=1 min_time=0.01 frames=20 speeches=3 startups=1
+  chars=300 presses=30 idle=1 min_time=0.01 frames=20 speeches=3 startups=1 wayland_runs=1
 else
-  chars=5000 presses=500 idle=5 min_time=0.5 frames=300 speeches=50 startups=5
+  chars=5000 presses=500 idle=5 min_time=0.5 frames=300 speeches=50 startups=5 wayland_runs=3
 fi
 work=$(mktemp -d)
 busy=()
@@ -128,14 +128,15 @@ typing() {
   done
 }
 
-# Mervak against wtype on a headless Wayland compositor: waits for a Wayland
-# backend in mervak-cli, the hook being its help naming Wayland.
+# Mervak against wtype on a private headless sway with foot (scripts/wayland-bench.sh):
+# "median N chars/s ..., lost L" for each.
 wayland_typing() {
-  if "$bin/mervak-cli" action --help 2>/dev/null | grep -qi wayland; then
-    row "typing on Wayland, characters/s" "— (not measured yet)" "— (wtype)" "≥ 2 000/s"
-  else
-    row "typing on Wayland, characters/s" "— (no Wayland backend)" "— (wtype)" "≥ 2 000/s"
-  fi
+  "$here/wayland-bench.sh" "$bin/.." "$chars" "$wayland_runs" >"$work/wayland.txt" 2>&1 || true
+  local ours theirs
+  ours=$(awk '$1 == "mervak" { print $(NF - 7) " (" $NF " lost)" }' "$work/wayland.txt")
+  theirs=$(awk '$1 == "wtype" { print $(NF - 7) " (" $NF " lost)" }' "$work/wayland.txt")
+  row "typing on Wayland, characters/s" "$(figure "$ours" mervak-wayland-bench)" \
+    "$(figure "$theirs" wtype) (wtype)" "≥ 2 000/s"
 }
 
 # Press to keystroke through the running program: "p50 ..., p99 ... ms".
