@@ -26,8 +26,6 @@ window() { timeout 20 xdotool search --sync --onlyvisible --name "$1" | head -n 
 settle() { sleep 1; }
 
 main=$(window '^Mervak - ')
-notice=$(window '^MERVAK$')
-xdotool windowfocus --sync "$notice" key Return
 xdotool windowsize --sync "$main" 940 720 windowfocus --sync "$main"
 settle
 
