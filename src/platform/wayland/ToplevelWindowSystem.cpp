@@ -68,8 +68,10 @@ ToplevelWindowSystem::~ToplevelWindowSystem() {
         return;
     for (const Toplevel& toplevel : std::as_const(toplevels_))
         zwlr_foreign_toplevel_handle_v1_destroy(toplevel.handle);
-    if (manager_ != nullptr)
+    if (manager_ != nullptr) {
         zwlr_foreign_toplevel_manager_v1_stop(manager_);
+        zwlr_foreign_toplevel_manager_v1_destroy(manager_);
+    }
     connection_.flush();
 }
 
