@@ -20,8 +20,7 @@ protected:
                 EXPECT_EQ(dialog->windowTitle(), title);
                 EXPECT_TRUE(dialog->nameFilters().join(u';').contains(filter))
                     << dialog->nameFilters().join(u';');
-                dialog->selectFile(file);
-                QMetaObject::invokeMethod(dialog, "accept");
+                test::chooseInFileDialog(dialog, file);
             },
             open);
     }

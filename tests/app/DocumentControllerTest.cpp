@@ -5,7 +5,6 @@
 #include "template/TemplateFile.h"
 
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -45,9 +44,7 @@ protected:
     static void chooseFile(QWidget* modal, const QString& file) {
         auto* dialog = qobject_cast<QFileDialog*>(modal);
         ASSERT_NE(dialog, nullptr);
-        // Typed whole: selectFile() races the dialog's listing of the start folder.
-        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(file);
-        QMetaObject::invokeMethod(dialog, "accept");
+        test::chooseInFileDialog(dialog, file);
     }
 
     QString path;

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QPointer>
 #include <QTimer>
 #include <functional>
@@ -55,6 +57,13 @@ inline void answerModals(const QList<ModalAnswer>& answers, const std::function<
     open();
     poll.stop();
     EXPECT_EQ(answered, answers.size()) << "fewer dialogs showed than were expected";
+}
+
+// Picks `file` in a file dialog as a person would, typing its whole name:
+// selectFile() races the dialog's listing of its start folder.
+inline void chooseInFileDialog(QFileDialog* dialog, const QString& file) {
+    dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(file);
+    QMetaObject::invokeMethod(dialog, "accept");
 }
 
 } // namespace mervak::test

@@ -192,8 +192,10 @@ TEST(PlantForm, OtherProgramIsChosenInAFileDialog) {
                                auto* files = qobject_cast<QFileDialog*>(modal);
                                ASSERT_NE(files, nullptr);
                                EXPECT_EQ(files->windowTitle(), "Executar programes");
-                               files->selectFile(program);
-                               choose ? static_cast<QDialog*>(files)->accept() : files->reject();
+                               if (choose)
+                                   test::chooseInFileDialog(files, program);
+                               else
+                                   files->reject();
                            }},
                            [&] {
                                emit child<QComboBox>(form, "programes")

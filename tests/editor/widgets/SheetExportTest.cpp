@@ -246,8 +246,7 @@ test::ModalAnswer chooseFile(const QString& path, QString* title) {
         auto* files = qobject_cast<QFileDialog*>(modal);
         ASSERT_NE(files, nullptr);
         *title = files->windowTitle();
-        files->selectFile(path);
-        static_cast<QDialog*>(files)->accept(); // public as a QDialog
+        test::chooseInFileDialog(files, path);
     };
 }
 
