@@ -15,7 +15,10 @@ for _ in $(seq "$runs"); do
   start=$(date +%s%N)
   "$bin/mervak" --home "$work/home" >/dev/null 2>&1 &
   pid=$!
-  until xdotool search --onlyvisible --name "^Mervak - " >/dev/null 2>&1; do sleep 0.005; done
+  until xdotool search --onlyvisible --name "^Mervak - " >/dev/null 2>&1; do
+    kill -0 "$pid" 2>/dev/null || { echo "mervak ended before showing its window" >&2; exit 1; }
+    sleep 0.005
+  done
   shown=$(date +%s%N)
   sleep 1
   rss=$(awk '/VmRSS/ {print $2}' "/proc/$pid/status")

@@ -16,6 +16,10 @@ if [ "${1:-}" = --quick ]; then
   shift
 fi
 bin=$(cd "${1:-$here/../build/release/bin}" && pwd)
+if [ ! -x "$bin/mervak" ]; then
+  echo "bench.sh: no mervak in $bin; give the build's bin folder (build/release/bin)" >&2
+  exit 2
+fi
 export LC_ALL=C.UTF-8
 if [ ${#quick_flag[@]} = 1 ]; then
   chars=300 presses=30 idle=1 min_time=0.01 frames=20 speeches=3 startups=1 wayland_runs=1

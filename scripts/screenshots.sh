@@ -16,7 +16,6 @@ fi
 work=$(mktemp -d /tmp/mervak-shots.XXXXXX)
 export XDG_RUNTIME_DIR="$work"
 mkdir -p "$work/home"
-printf '[Mervak]\r\nIDIOMA=CATALA\r\n' >"$work/home/MERVAK.INI"
 # A composed sheet for the editor: six cells in reading order, each with its
 # symbol (OpenMoji, from the setup's download when it is there), a word and a
 # word-class colour, made through mervak-cli as a script would.
@@ -46,8 +45,7 @@ for cell in "1F9D2 #FFEB3B" "1F374 #8BC34A" "1F415 #FFB74D" "1F408 #FFB74D" "1F6
 done
 
 mkdir -p docs/guia
-"$build/bin/mervak" --home "$work/home" "$sheet" &
-mervak=$!
+mervak=
 trap 'kill "$mervak" 2>/dev/null || true; rm -rf "$work"' EXIT
 
 # Waits for a window whose title matches, and prints its id.
@@ -55,41 +53,54 @@ window() { timeout 20 xdotool search --sync --onlyvisible --name "$1" | head -n 
 # Lets the program repaint before a grab.
 settle() { sleep 1; }
 
-main=$(window '^Mervak - ')
-xdotool windowsize --sync "$main" 940 720 windowfocus --sync "$main"
-# The device search ends and the status bar says what to do without a tablet.
-sleep 2
-import -window "$main" docs/guia/inici.png
+# shoot INI_LANGUAGE SUFFIX: grabs every picture of the guide with Mervak speaking
+# that language, into docs/guia/NAME.SUFFIX.png ("" for Catalan).
+shoot() {
+  local ini=$1 suffix=$2
+  printf '[Mervak]\r\nIDIOMA=%s\r\n' "$ini" >"$work/home/MERVAK.INI"
+  "$build/bin/mervak" --home "$work/home" "$sheet" &
+  mervak=$!
+  local main tablet properties words
+  main=$(window '^Mervak - ')
+  xdotool windowsize --sync "$main" 940 720 windowfocus --sync "$main"
+  # The device search ends and the status bar says what to do without a tablet.
+  sleep 2
+  import -window "$main" "docs/guia/inici$suffix.png"
 
-xdotool key F12
-tablet=$(window '^Tauleta virtual - ')
-settle
-import -window "$tablet" docs/guia/tauleta-virtual.png
-xdotool windowfocus --sync "$main" key F12
-settle
-# The first Area selected, in drawing mode, so that its handles show.
-xdotool key ctrl+Right ctrl+d
-settle
-import -window "$main" docs/screenshot-editor.png
-cp docs/screenshot-editor.png docs/guia/editor.png
+  xdotool key F12
+  tablet=$(window '^(Tauleta|Tableta) virtual')
+  settle
+  import -window "$tablet" "docs/guia/tauleta-virtual$suffix.png"
+  xdotool windowfocus --sync "$main" key F12
+  settle
+  # The first Area selected, in drawing mode, so that its handles show.
+  xdotool key ctrl+Right ctrl+d
+  settle
+  import -window "$main" "docs/guia/editor$suffix.png"
 
-# Plantilla > Dades inicials: from the Fitxers menu (Alt+F) three menus to the
-# right, its first entry.
-xdotool key alt+f Right Right Right Return
-properties=$(window '^Dades Inicials$')
-settle
-import -window "$properties" docs/screenshot-properties.png
-cp docs/screenshot-properties.png docs/guia/dades-inicials.png
-xdotool key Escape
-kill "$mervak"
-wait "$mervak" 2>/dev/null || true
+  # Plantilla > Dades inicials: from the Fitxers menu (Alt+F) three menus to the
+  # right, its first entry.
+  xdotool key alt+f Right Right Right Return
+  properties=$(window '^(Dades Inicials|Datos Iniciales)$')
+  settle
+  import -window "$properties" "docs/guia/dades-inicials$suffix.png"
+  xdotool key Escape
+  settle
 
-# The start once more, in Spanish, for the Spanish guide.
-printf '[Mervak]\r\nIDIOMA=ESPAÑOL\r\n' >"$work/home/MERVAK.INI"
-"$build/bin/mervak" --home "$work/home" "$sheet" &
-mervak=$!
-main=$(window '^Mervak - ')
-xdotool windowsize --sync "$main" 940 720 windowfocus --sync "$main"
-sleep 2
-import -window "$main" docs/guia/inici.es.png
+  # Làmina > Làmina de paraules: one menu further, its last entry, with a few words.
+  xdotool windowfocus --sync "$main" key alt+f Right Right Right Right Up Return
+  words=$(window '^L.mina de pa')
+  settle
+  xdotool type --delay 20 "gos gat vaca cavall ovella porc"
+  settle
+  import -window "$words" "docs/guia/paraules$suffix.png"
+  xdotool key Escape
+  kill "$mervak"
+  wait "$mervak" 2>/dev/null || true
+}
+
+shoot CATALA ""
+cp docs/guia/editor.png docs/screenshot-editor.png
+cp docs/guia/dades-inicials.png docs/screenshot-properties.png
+shoot ESPAÑOL .es
 echo "Refreshed docs/screenshot-editor.png, docs/screenshot-properties.png and docs/guia/"

@@ -37,20 +37,30 @@ constexpr MessageRow kRows[] = {
     {ActionProblem::KeysNotTyped, kOwnText, u"No s'han pogut escriure les tecles: %1",
      u"No se han podido escribir las teclas: %1"},
     {ActionProblem::NoWindow, kOwnText,
-     u"No hi ha cap finestra amb el títol \"%1\": no s'ha escrit \"%2\"",
-     u"No hay ninguna ventana con el título \"%1\": no se ha escrito \"%2\""},
+     u"No hi ha cap finestra amb el títol \"%1\": no s'ha escrit \"%2\". Obriu aquest "
+     u"programa, o corregiu l'Aplicació a Plantilla > Dades inicials.",
+     u"No hay ninguna ventana con el título \"%1\": no se ha escrito \"%2\". Abrid ese "
+     u"programa, o corregid la Aplicación en Plantilla > Datos iniciales."},
     {ActionProblem::NoTargetWindow, kOwnText,
-     u"No hi ha cap finestra de destinació: no s'ha escrit \"%1\"",
-     u"No hay ninguna ventana de destino: no se ha escrito \"%1\""},
+     u"No hi ha cap finestra de destinació: no s'ha escrit \"%1\". Feu clic al programa on "
+     u"s'ha d'escriure, o poseu-ne el títol a l'Aplicació de Plantilla > Dades inicials.",
+     u"No hay ninguna ventana de destino: no se ha escrito \"%1\". Haced clic en el programa "
+     u"donde se debe escribir, o poned su título en la Aplicación de Plantilla > Datos iniciales."},
     {ActionProblem::NotActivated, kOwnText,
-     u"No s'ha pogut activar la finestra \"%1\": no s'ha escrit \"%2\"",
-     u"No se ha podido activar la ventana \"%1\": no se ha escrito \"%2\""},
+     u"No s'ha pogut activar la finestra \"%1\": no s'ha escrit \"%2\". Torneu-ho a "
+     u"provar; si passa sempre, feu clic a la finestra abans de prémer.",
+     u"No se ha podido activar la ventana \"%1\": no se ha escrito \"%2\". Volved a "
+     u"probarlo; si pasa siempre, haced clic en la ventana antes de pulsar."},
     {ActionProblem::OwnWindow, kOwnText,
-     u"La finestra \"%1\" és del Mervak: no s'hi ha escrit \"%2\"",
-     u"La ventana \"%1\" es de Mervak: no se ha escrito \"%2\""},
+     u"La finestra \"%1\" és del Mervak: no s'hi ha escrit \"%2\". Poseu a l'Aplicació de "
+     u"Plantilla > Dades inicials el títol del programa de l'alumne.",
+     u"La ventana \"%1\" es de Mervak: no se ha escrito \"%2\". Poned en la Aplicación "
+     u"de Plantilla > Datos iniciales el título del programa del alumno."},
     {ActionProblem::TargetGone, kOwnText,
-     u"La finestra de destinació ja no hi és: no s'ha enganxat res",
-     u"La ventana de destino ya no existe: no se ha pegado nada"},
+     u"La finestra de destinació ja no hi és: no s'ha enganxat res. Torneu a obrir el "
+     u"programa i premeu de nou.",
+     u"La ventana de destino ya no existe: no se ha pegado nada. Volved a abrir el "
+     u"programa y pulsad de nuevo."},
     {ActionProblem::NestingTooDeep, kOwnText,
      u"Les ordres s'imbriquen més de %1 nivells: la resta del text no s'ha executat",
      u"Las órdenes se anidan más de %1 niveles: el resto del texto no se ha ejecutado"},
