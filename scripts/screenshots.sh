@@ -53,10 +53,11 @@ window() { timeout 20 xdotool search --sync --onlyvisible --name "$1" | head -n 
 # Lets the program repaint before a grab.
 settle() { sleep 1; }
 
-# shoot INI_LANGUAGE SUFFIX: grabs every picture of the guide with Mervak speaking
-# that language, into docs/guia/NAME.SUFFIX.png ("" for Catalan).
+# shoot INI_LANGUAGE SUFFIX FILES_KEY: grabs every picture of the guide with Mervak
+# speaking that language, into docs/guia/NAME.SUFFIX.png ("" for Catalan); FILES_KEY
+# is the accelerator of the first menu in that language.
 shoot() {
-  local ini=$1 suffix=$2
+  local ini=$1 suffix=$2 files_key=$3
   printf '[Mervak]\r\nIDIOMA=%s\r\n' "$ini" >"$work/home/MERVAK.INI"
   "$build/bin/mervak" --home "$work/home" "$sheet" &
   mervak=$!
@@ -67,29 +68,33 @@ shoot() {
   sleep 2
   import -window "$main" "docs/guia/inici$suffix.png"
 
-  xdotool key F12
-  tablet=$(window '^(Tauleta|Tableta) virtual')
-  settle
-  import -window "$tablet" "docs/guia/tauleta-virtual$suffix.png"
-  xdotool windowfocus --sync "$main" key F12
-  settle
+  # The virtual tablet shows only the sheet: one picture serves both guides.
+  if [ -z "$suffix" ]; then
+    xdotool key F12
+    tablet=$(window '^Tauleta virtual')
+    settle
+    import -window "$tablet" docs/guia/tauleta-virtual.png
+    xdotool windowfocus --sync "$main" key F12
+    settle
+  fi
   # The first Area selected, in drawing mode, so that its handles show.
   xdotool key ctrl+Right ctrl+d
   settle
   import -window "$main" "docs/guia/editor$suffix.png"
 
-  # Plantilla > Dades inicials: from the Fitxers menu (Alt+F) three menus to the
-  # right, its first entry.
-  xdotool key alt+f Right Right Right Return
+  # Plantilla > Dades inicials: from the first menu three menus to the right, its
+  # first entry.
+  xdotool key "alt+$files_key" Right Right Right Return
   properties=$(window '^(Dades Inicials|Datos Iniciales)$')
   settle
   import -window "$properties" "docs/guia/dades-inicials$suffix.png"
   xdotool key Escape
   settle
 
-  # Làmina > Làmina de paraules: one menu further, its last entry, with a few words.
-  xdotool windowfocus --sync "$main" key alt+f Right Right Right Right Up Return
-  words=$(window '^L.mina de pa')
+  # Làmina > Làmina de paraules: the last entry of the menu under Alt+L, with a few
+  # words.
+  xdotool windowfocus --sync "$main" key alt+l Up Return
+  words=$(window 'mina de pa')
   settle
   xdotool type --delay 20 "gos gat vaca cavall ovella porc"
   settle
@@ -99,8 +104,8 @@ shoot() {
   wait "$mervak" 2>/dev/null || true
 }
 
-shoot CATALA ""
+shoot CATALA "" f
 cp docs/guia/editor.png docs/screenshot-editor.png
 cp docs/guia/dades-inicials.png docs/screenshot-properties.png
-shoot ESPAÑOL .es
+shoot ESPAÑOL .es a
 echo "Refreshed docs/screenshot-editor.png, docs/screenshot-properties.png and docs/guia/"
