@@ -115,6 +115,16 @@ QString textOf(Language language, const MessageRow& row) {
     return (language == Language::Spanish ? row.spanish : row.catalan).toString();
 }
 
+// A status line stays readable when an Area's whole paragraph could not be typed;
+// the end is kept too, as it holds a file's name.
+QString shortened(const QString& argument) {
+    constexpr qsizetype kHead = 50;
+    constexpr qsizetype kTail = 29;
+    if (argument.size() <= kHead + 1 + kTail)
+        return argument;
+    return argument.left(kHead) + QChar(u'…') + argument.right(kTail);
+}
+
 // "%1".."%9" replaced in one pass, so a "%" inside an argument (key runs are
 // full of them) is never read as a marker.
 QString filled(const QString& text, const QStringList& arguments) {
@@ -122,7 +132,7 @@ QString filled(const QString& text, const QStringList& arguments) {
     for (qsizetype i = 0; i < text.size(); ++i) {
         const qsizetype index = i + 1 < text.size() ? text[i + 1].digitValue() - 1 : -1;
         if (text[i] == u'%' && index >= 0 && index < arguments.size()) {
-            result += arguments[index];
+            result += shortened(arguments[index]);
             ++i;
         } else {
             result += text[i];

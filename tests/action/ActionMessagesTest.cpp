@@ -8,7 +8,7 @@
 namespace mervak {
 namespace {
 
-constexpr ActionProblem kLastProblem = ActionProblem::FileNotRead;
+constexpr ActionProblem kLastProblem = ActionProblem::NotTrusted;
 
 TEST(ActionMessages, EveryProblemHasItsOwnTextInBothLanguages) {
     const QStringList arguments = {"A", "B", "C"};
@@ -35,6 +35,14 @@ TEST(ActionMessages, MarkersInsideArgumentsStayAsTheyAre) {
         keysErrorMessage(Language::Catalan, error, "+%2{%1 %2}"),
         QString::fromUtf8("No es poden escriure les tecles \"+%2{%1 %2}\": hi ha un nombre de "
                           "repeticions incorrecte a \"{%1 %2}\" al caràcter 5"));
+}
+
+TEST(ActionMessages, LongArgumentsKeepTheirStartAndEnd) {
+    const QString path = "/home/mestra/" + QString("Plantilles/").repeated(9) + "gat.wav";
+    const QString text = actionMessage(Language::Catalan, ActionProblem::FileNotFound, {path});
+    EXPECT_TRUE(text.endsWith(path.left(50) + QString::fromUtf8("…") + path.right(29))) << text;
+    EXPECT_TRUE(actionMessage(Language::Catalan, ActionProblem::FileNotFound, {"/a.wav"})
+                    .endsWith("/a.wav"));
 }
 
 TEST(ActionMessages, TypingErrorsNameTheKeyOrWhatIsMissing) {
