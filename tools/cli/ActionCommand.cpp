@@ -184,7 +184,9 @@ int realRun(int argc, char** argv, const ActionOptions& options, const QString& 
     if (options.clipboard)
         clipboard.setText(*options.clipboard);
     ActionState state = startState(options);
-    state.speechAvailable = speech.StartSpeech();
+    // Starting the speech engine reads every voice it has: a text of keys alone,
+    // with no command that could speak, starts sooner without it.
+    state.speechAvailable = options.text.contains(QStringLiteral("{|")) && speech.StartSpeech();
     state.TargetWindow = targetWindow(windows, options.targetTitle);
     bool pasted = false;
     const int problems = execute(
