@@ -10,7 +10,7 @@ packages=(
   libespeak-ng-dev espeak-ng-data libfluidsynth-dev timgm6mb-soundfont libpulse-dev
   libopencv-core-dev libopencv-imgproc-dev libv4l-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  xvfb xauth openbox xterm x11-utils x11-apps xdotool socat imagemagick
+  xvfb xauth openbox xterm x11-utils x11-apps x11-xkb-utils xdotool socat imagemagick
   sox espeak-ng pulseaudio poppler-utils
   fonts-dejavu-core
   scdoc librsvg2-bin lintian desktop-file-utils appstream xdg-utils shared-mime-info libxml2-utils

@@ -27,6 +27,8 @@ namespace mervak {
 namespace {
 
 constexpr int kTargetTickMs = 200;
+// How long the pupil pauses before borrowed keycodes go back.
+constexpr int kLayoutReturnMs = 3000;
 
 struct ModelInfo {
     const char* keyword;
@@ -366,9 +368,19 @@ void Application::editScanning() {
 
 void Application::wireRunner() {
     connect(runner_.get(), &ActionRunner::problem, this, &Application::setStatus);
+    // Keycodes borrowed for characters the layout lacks stay while presses come in a
+    // row (each keymap change costs every program on the desktop) and go back once the
+    // pupil pauses.
+    layoutReturn_.setSingleShot(true);
+    layoutReturn_.setInterval(kLayoutReturnMs);
+    connect(&layoutReturn_, &QTimer::timeout, this, [this] { keyboard_.restoreLayout([] {}); });
     connect(runner_.get(), &ActionRunner::busyChanged, this, [this](bool busy) {
-        if (!busy)
-            dispatcher_->actionTextsFinished();
+        if (busy) {
+            layoutReturn_.stop();
+            return;
+        }
+        layoutReturn_.start();
+        dispatcher_->actionTextsFinished();
     });
     connect(runner_.get(), &ActionRunner::pendingPageSet, this, [this](int page) {
         session_.actionState.pendingPage.reset();

@@ -132,6 +132,7 @@ private:
     FocusAfterDialogs focusAfterDialogs_;
     std::unique_ptr<EditorAssembly> assembly_;
     QTimer timer2_;
+    QTimer layoutReturn_;
     X11SwitchGrab switchGrab_;
     std::unique_ptr<ScanningController> scanning_;
 };

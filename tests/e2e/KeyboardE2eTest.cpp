@@ -1,6 +1,7 @@
 #include "X11TestFixture.h"
 #include "support/TestFiles.h"
 
+#include <QElapsedTimer>
 #include <QProcess>
 #include <X11/Xlib.h>
 #include <algorithm>
@@ -97,6 +98,28 @@ TEST_F(X11TestFixture, ATargetClosingMidTextLeavesNoKeyDownAndTheMapAsFound) {
     char keys[32];
     XQueryKeymap(connection_->display(), keys);
     EXPECT_EQ(std::count(std::begin(keys), std::end(keys), 0), 32) << "a key is still down";
+    EXPECT_EQ(keyboardMap(connection_->display()), before);
+}
+
+// A press comes while the layout is being given back, as in the running program when
+// the pupil pauses just long enough: its keys arrive whole, and the map is given back
+// only after them.
+TEST_F(X11TestFixture, KeysTypedDuringARestoreArriveWholeAndTheMapIsGivenBackAfter) {
+    Terminal terminal;
+    ASSERT_NO_FATAL_FAILURE(openTerminal(QStringLiteral("Mervak pause"), &terminal));
+    const std::vector<KeySym> before = keyboardMap(connection_->display());
+    const QString text = QStringLiteral("àéíòúç ñ € ŀ ¿¡ ÀÉÍÒÚÇÑ").repeated(20);
+    ASSERT_TRUE(windows_->activate(terminal.window));
+    ASSERT_EQ(keyboard_->type(charactersOf(text)), std::nullopt);
+    bool restored = false;
+    keyboard_->restoreLayout([&restored] { restored = true; });
+    QElapsedTimer pause;
+    pause.start();
+    waitFor([&pause] { return pause.elapsed() >= X11Keyboard::kEvictSettleMs / 2; });
+    ASSERT_EQ(keyboard_->type(charactersOf(text)), std::nullopt);
+    ASSERT_TRUE(waitFor([&restored] { return restored; }));
+    const QByteArray expected = text.repeated(2).toUtf8();
+    EXPECT_EQ(waitForContent(terminal.file, expected.size()), expected);
     EXPECT_EQ(keyboardMap(connection_->display()), before);
 }
 

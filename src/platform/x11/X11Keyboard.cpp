@@ -60,18 +60,27 @@ std::optional<TypingError> X11Keyboard::type(const KeyStrokes& strokes) {
 }
 
 void X11Keyboard::restoreLayout(std::function<void()> done) {
-    flush([this, done = std::move(done)] {
-        Clock::time_point safe{};
-        for (const Clock::time_point sent : spareKeySentAt_) {
-            safe = std::max(safe, sent + std::chrono::milliseconds(kEvictSettleMs));
-        }
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(safe - Clock::now());
-        QTimer::singleShot(static_cast<int>(std::max<std::int64_t>(0, left.count())), &timer_,
-                           [this, done] {
-                               clearSpareKeycodes();
-                               done();
-                           });
-    });
+    flush([this, done = std::move(done)] { clearSpareKeycodesWhenSafe(done); });
+}
+
+// Keys typed meanwhile, even on the places about to be cleared, put the clearing off
+// until the target can have decoded them too.
+void X11Keyboard::clearSpareKeycodesWhenSafe(const std::function<void()>& done) {
+    Clock::time_point safe = Clock::now();
+    for (const Clock::time_point sent : spareKeySentAt_) {
+        safe = std::max(safe, sent + std::chrono::milliseconds(kEvictSettleMs));
+    }
+    if (!queue_.empty()) {
+        safe = std::max(safe, Clock::now() + std::chrono::milliseconds(kEvictSettleMs));
+    }
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(safe - Clock::now());
+    if (left.count() > 0) {
+        QTimer::singleShot(static_cast<int>(left.count()), &timer_,
+                           [this, done] { clearSpareKeycodesWhenSafe(done); });
+        return;
+    }
+    clearSpareKeycodes();
+    done();
 }
 
 void X11Keyboard::flush(std::function<void()> done) {

@@ -96,6 +96,7 @@ private:
     void abandonQueue();
     void waitUntil(Clock::time_point moment);
     void clearSpareKeycodes();
+    void clearSpareKeycodesWhenSafe(const std::function<void()>& done);
 
     X11Connection& connection_;
     std::optional<X11KeyMap> keyMap_;
