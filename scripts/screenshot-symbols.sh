@@ -5,25 +5,11 @@
 # rendered by mervak-cli, is docs/sheet-from-words.png.
 #   scripts/screenshot-symbols.sh [BUILD_DIR]      (default build/release)
 # Needs Xvfb, openbox, xdotool and imagemagick (import), and the symbol library.
-set -euo pipefail
-cd "$(dirname "$0")/.."
-build=${1:-build/release}
-
-if [ "${MERVAK_SHOTS_NESTED:-}" != 1 ]; then
-  exec env MERVAK_SHOTS_NESTED=1 scripts/with-display.sh "$0" "$@"
-fi
-
-work=$(mktemp -d /tmp/mervak-shots.XXXXXX)
-export XDG_RUNTIME_DIR="$work"
-mkdir -p "$work/home"
+. "$(dirname "$0")/shots-common.sh"
 printf '[Mervak]\r\nIDIOMA=CATALA\r\n' >"$work/home/MERVAK.INI"
 
 "$build/bin/mervak" --home "$work/home" &
 mervak=$!
-trap 'kill "$mervak" 2>/dev/null || true; rm -rf "$work"' EXIT
-
-window() { timeout 20 xdotool search --sync --onlyvisible --name "$1" | head -n 1; }
-settle() { sleep 1; }
 
 main=$(window '^Mervak - ')
 xdotool windowsize --sync "$main" 940 720 windowfocus --sync "$main"

@@ -4,17 +4,7 @@
 # grabbed with the live picture, the marker ringed, in test mode.
 #   scripts/screenshot-webcam.sh [BUILD_DIR]      (default build/release)
 # Needs Xvfb, openbox, xdotool and imagemagick (import).
-set -euo pipefail
-cd "$(dirname "$0")/.."
-build=${1:-build/release}
-
-if [ "${MERVAK_SHOTS_NESTED:-}" != 1 ]; then
-  exec env MERVAK_SHOTS_NESTED=1 scripts/with-display.sh "$0" "$@"
-fi
-
-work=$(mktemp -d /tmp/mervak-shots.XXXXXX)
-export XDG_RUNTIME_DIR="$work"
-mkdir -p "$work/home"
+. "$(dirname "$0")/shots-common.sh"
 cp data/demo/demo.mvw data/demo/demo.png "$work/"
 {
   printf '[Mervak]\r\nIDIOMA=CATALA\r\nModel=VISTAL\r\n[WEBCAM]\r\nCamera=%s\r\n' "$work/marker.y4m"
@@ -25,10 +15,6 @@ cp data/demo/demo.mvw data/demo/demo.png "$work/"
 
 "$build/bin/mervak" --home "$work/home" "$work/demo.mvw" &
 mervak=$!
-trap 'kill "$mervak" 2>/dev/null || true; rm -rf "$work"' EXIT
-
-window() { timeout 20 xdotool search --sync --onlyvisible --name "$1" | head -n 1; }
-settle() { sleep 1; }
 
 main=$(window '^Mervak - ')
 xdotool windowfocus --sync "$main"

@@ -5,17 +5,7 @@
 # as a person would see them; then once more in Spanish.
 #   scripts/screenshots.sh [BUILD_DIR]      (default build/release)
 # Needs Xvfb, openbox, xdotool and imagemagick (import).
-set -euo pipefail
-cd "$(dirname "$0")/.."
-build=${1:-build/release}
-
-if [ "${MERVAK_SHOTS_NESTED:-}" != 1 ]; then
-  exec env MERVAK_SHOTS_NESTED=1 scripts/with-display.sh "$0" "$@"
-fi
-
-work=$(mktemp -d /tmp/mervak-shots.XXXXXX)
-export XDG_RUNTIME_DIR="$work"
-mkdir -p "$work/home"
+. "$(dirname "$0")/shots-common.sh"
 # A composed sheet for the editor: six cells in reading order, each with its
 # symbol (OpenMoji, from the setup's download when it is there), a word and a
 # word-class colour, made through mervak-cli as a script would.
@@ -45,14 +35,6 @@ for cell in "1F9D2 #FFEB3B" "1F374 #8BC34A" "1F415 #FFB74D" "1F408 #FFB74D" "1F6
 done
 
 mkdir -p docs/guia
-mervak=
-trap 'kill "$mervak" 2>/dev/null || true; rm -rf "$work"' EXIT
-
-# Waits for a window whose title matches, and prints its id.
-window() { timeout 20 xdotool search --sync --onlyvisible --name "$1" | head -n 1; }
-# Lets the program repaint before a grab.
-settle() { sleep 1; }
-
 # shoot INI_LANGUAGE SUFFIX FILES_KEY: grabs every picture of the guide with Mervak
 # speaking that language, into docs/guia/NAME.SUFFIX.png ("" for Catalan); FILES_KEY
 # is the accelerator of the first menu in that language.
