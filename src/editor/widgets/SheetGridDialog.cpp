@@ -3,49 +3,19 @@
 #include "editor/widgets/Captions.h"
 
 #include <QDialogButtonBox>
-#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
 
 namespace mervak {
 
-namespace {
-
-constexpr int kMaxCount = 12;
-
-QLabel* caption(const char* catalan, Language language) {
-    auto* label = new QLabel;
-    setCaption(label, QString::fromUtf8(catalan), language);
-    return label;
-}
-
-QDoubleSpinBox* millimetres(double value) {
-    auto* field = new QDoubleSpinBox;
-    field->setRange(0, 50);
-    field->setDecimals(0);
-    field->setSuffix(QStringLiteral(" mm"));
-    field->setValue(value);
-    return field;
-}
-
-} // namespace
-
 SheetGridDialog::SheetGridDialog(Language language, const GridSpec& start, QWidget* parent)
-    : QDialog(parent), rows_(new QSpinBox), columns_(new QSpinBox),
-      margin_(millimetres(start.marginMm)), gap_(millimetres(start.gapMm)),
+    : QDialog(parent), grid_(start.rows, start.columns, start.marginMm, start.gapMm),
       newPage_(new QRadioButton), currentPage_(new QRadioButton) {
     setObjectName(QStringLiteral("GraellaCelles"));
     setWindowCaption(this, QStringLiteral("Graella de cel·les"), language);
-    rows_->setObjectName(QStringLiteral("FilesGraella"));
-    columns_->setObjectName(QStringLiteral("ColumnesGraella"));
-    for (QSpinBox* count : {rows_, columns_})
-        count->setRange(1, kMaxCount);
-    rows_->setValue(start.rows);
-    columns_->setValue(start.columns);
     setCaption(newPage_, QStringLiteral("En una pàgina nova"), language);
     setCaption(currentPage_, QStringLiteral("A la pàgina actual"), language);
     newPage_->setChecked(true);
@@ -53,10 +23,7 @@ SheetGridDialog::SheetGridDialog(Language language, const GridSpec& start, QWidg
     where->addWidget(newPage_);
     where->addWidget(currentPage_);
     auto* form = new QFormLayout(this);
-    form->addRow(caption("Files:", language), rows_);
-    form->addRow(caption("Columnes:", language), columns_);
-    form->addRow(caption("Marge:", language), margin_);
-    form->addRow(caption("Separació:", language), gap_);
+    grid_.addTo(form, language);
     form->addRow(where);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     setCaption(buttons->button(QDialogButtonBox::Ok), QStringLiteral("Acceptar"), language);
@@ -67,7 +34,7 @@ SheetGridDialog::SheetGridDialog(Language language, const GridSpec& start, QWidg
 }
 
 GridSpec SheetGridDialog::spec() const {
-    return {rows_->value(), columns_->value(), margin_->value(), gap_->value()};
+    return {grid_.rows->value(), grid_.columns->value(), grid_.margin->value(), grid_.gap->value()};
 }
 
 bool SheetGridDialog::onNewPage() const {

@@ -1,13 +1,12 @@
 #pragma once
 
+#include "editor/widgets/SheetGridFields.h"
 #include "platform/Language.h"
 #include "sheet/ReadingGrid.h"
 
 #include <QDialog>
 
-class QDoubleSpinBox;
 class QRadioButton;
-class QSpinBox;
 
 namespace mervak {
 
@@ -23,10 +22,7 @@ public:
     bool onNewPage() const;
 
 private:
-    QSpinBox* rows_;
-    QSpinBox* columns_;
-    QDoubleSpinBox* margin_;
-    QDoubleSpinBox* gap_;
+    SheetGridFields grid_;
     QRadioButton* newPage_;
     QRadioButton* currentPage_;
 };

@@ -3,7 +3,6 @@
 #include "editor/widgets/Captions.h"
 
 #include <QCheckBox>
-#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,23 +16,6 @@ namespace mervak {
 
 namespace {
 
-QSpinBox* countField(const char* name, int value) {
-    auto* field = new QSpinBox;
-    field->setObjectName(QString::fromLatin1(name));
-    field->setRange(1, 20);
-    field->setValue(value);
-    return field;
-}
-
-QDoubleSpinBox* millimetreField(double value) {
-    auto* field = new QDoubleSpinBox;
-    field->setRange(0, 40);
-    field->setDecimals(0);
-    field->setSuffix(QStringLiteral(" mm"));
-    field->setValue(value);
-    return field;
-}
-
 QLabel* captioned(const QString& catalan, Language language) {
     auto* label = new QLabel;
     setCaption(label, catalan, language);
@@ -44,11 +26,9 @@ QLabel* captioned(const QString& catalan, Language language) {
 
 WordSheetDialog::WordSheetDialog(Language language, QWidget* parent)
     : QDialog(parent), language_(language), words_(new QPlainTextEdit),
-      rows_(countField("files", WordSheetLayout{}.rows)),
-      columns_(countField("columnes", WordSheetLayout{}.columns)),
-      margin_(millimetreField(WordSheetLayout{}.marginMm)),
-      gap_(millimetreField(WordSheetLayout{}.gapMm)), navigation_(new QCheckBox),
-      summary_(new QLabel), accept_(new QPushButton) {
+      grid_(WordSheetLayout{}.rows, WordSheetLayout{}.columns, WordSheetLayout{}.marginMm,
+            WordSheetLayout{}.gapMm),
+      navigation_(new QCheckBox), summary_(new QLabel), accept_(new QPushButton) {
     setObjectName(QStringLiteral("LaminaParaules"));
     setWindowCaption(this, QStringLiteral("Làmina de paraules"), language);
     words_->setObjectName(QStringLiteral("paraules"));
@@ -64,10 +44,7 @@ WordSheetDialog::WordSheetDialog(Language language, QWidget* parent)
     accept_->setDefault(true);
 
     auto* form = new QFormLayout;
-    form->addRow(captioned(QStringLiteral("Files:"), language), rows_);
-    form->addRow(captioned(QStringLiteral("Columnes:"), language), columns_);
-    form->addRow(captioned(QStringLiteral("Marge:"), language), margin_);
-    form->addRow(captioned(QStringLiteral("Separació:"), language), gap_);
+    grid_.addTo(form, language);
     form->addRow(navigation_);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(summary_, 1);
@@ -82,7 +59,7 @@ WordSheetDialog::WordSheetDialog(Language language, QWidget* parent)
     layout->addLayout(buttons);
 
     connect(words_, &QPlainTextEdit::textChanged, this, &WordSheetDialog::refresh);
-    for (QSpinBox* count : {rows_, columns_})
+    for (QSpinBox* count : {grid_.rows, grid_.columns})
         connect(count, &QSpinBox::valueChanged, this, &WordSheetDialog::refresh);
     connect(accept_, &QPushButton::clicked, this, &QDialog::accept);
     // Return starts a new line in the word list; Ctrl+Return accepts, as the button does.
@@ -99,17 +76,17 @@ QStringList WordSheetDialog::words() const {
 
 WordSheetLayout WordSheetDialog::sheetLayout() const {
     WordSheetLayout made;
-    made.rows = rows_->value();
-    made.columns = columns_->value();
-    made.marginMm = margin_->value();
-    made.gapMm = gap_->value();
+    made.rows = grid_.rows->value();
+    made.columns = grid_.columns->value();
+    made.marginMm = grid_.margin->value();
+    made.gapMm = grid_.gap->value();
     made.navigation = navigation_->isChecked();
     return made;
 }
 
 void WordSheetDialog::refresh() {
     const auto count = words().size();
-    const auto perPage = rows_->value() * columns_->value();
+    const auto perPage = grid_.rows->value() * grid_.columns->value();
     const auto pages = (count + perPage - 1) / perPage;
     summary_->setText(TranslateCaption(language_, QStringLiteral("%1 paraules, %2 pàgines"))
                           .arg(count)

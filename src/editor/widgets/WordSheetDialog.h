@@ -1,12 +1,12 @@
 #pragma once
 
+#include "editor/widgets/SheetGridFields.h"
 #include "platform/Language.h"
 #include "sheet/WordSheet.h"
 
 #include <QDialog>
 
 class QCheckBox;
-class QDoubleSpinBox;
 class QLabel;
 class QPlainTextEdit;
 class QPushButton;
@@ -25,8 +25,8 @@ public:
     WordSheetLayout sheetLayout() const;
 
     QPlainTextEdit* wordField() const { return words_; }
-    QSpinBox* rowsField() const { return rows_; }
-    QSpinBox* columnsField() const { return columns_; }
+    QSpinBox* rowsField() const { return grid_.rows; }
+    QSpinBox* columnsField() const { return grid_.columns; }
     QCheckBox* navigationField() const { return navigation_; }
     QPushButton* acceptButton() const { return accept_; }
 
@@ -35,10 +35,7 @@ private:
 
     Language language_;
     QPlainTextEdit* words_;
-    QSpinBox* rows_;
-    QSpinBox* columns_;
-    QDoubleSpinBox* margin_;
-    QDoubleSpinBox* gap_;
+    SheetGridFields grid_;
     QCheckBox* navigation_;
     QLabel* summary_;
     QPushButton* accept_;
