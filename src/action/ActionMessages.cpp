@@ -125,20 +125,11 @@ QString shortened(const QString& argument) {
     return argument.left(kHead) + QChar(u'…') + argument.right(kTail);
 }
 
-// "%1".."%9" replaced in one pass, so a "%" inside an argument (key runs are
-// full of them) is never read as a marker.
 QString filled(const QString& text, const QStringList& arguments) {
-    QString result;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const qsizetype index = i + 1 < text.size() ? text[i + 1].digitValue() - 1 : -1;
-        if (text[i] == u'%' && index >= 0 && index < arguments.size()) {
-            result += shortened(arguments[index]);
-            ++i;
-        } else {
-            result += text[i];
-        }
-    }
-    return result;
+    QStringList shortArguments;
+    for (const QString& argument : arguments)
+        shortArguments.append(shortened(argument));
+    return withArguments(text, shortArguments);
 }
 
 ActionProblem problemOf(SendKeysError::Kind kind) {

@@ -12,21 +12,8 @@ struct Texts {
     QStringView spanish;
 };
 
-// The text in the language with "%1".."%3" replaced in one pass, so that a
-// text without some of them, or an argument holding one, comes out whole.
 QString pick(Language language, Texts texts, const QStringList& arguments) {
-    const QStringView text = language == Language::Spanish ? texts.spanish : texts.catalan;
-    QString filled;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const qsizetype n = i + 1 < text.size() ? text[i + 1].digitValue() : -1;
-        if (text[i] == u'%' && n >= 1 && n <= arguments.size()) {
-            filled += arguments[n - 1];
-            ++i;
-        } else {
-            filled += text[i];
-        }
-    }
-    return filled;
+    return withArguments(language == Language::Spanish ? texts.spanish : texts.catalan, arguments);
 }
 
 Texts errorTexts(BoardError::Kind kind) {

@@ -52,6 +52,11 @@ enum Number : int {
 };
 } // namespace Msg
 
+// `text` with "%1".."%9" replaced by `arguments` in one pass, so that a "%" inside an
+// argument (key runs are full of them) is never read as a marker, and a marker
+// without its argument stays as it is.
+QString withArguments(QStringView text, const QStringList& arguments);
+
 // The caption a control shows in the language: in Spanish, the partner of the
 // Catalan caption (compared exactly, "&" access-key marker and case included),
 // or the caption unchanged when the dictionary has no partner; in Catalan,

@@ -108,4 +108,18 @@ QString Message(Language language, int number) {
     return (language == Language::Spanish ? row->spanish : row->catalan).toString();
 }
 
+QString withArguments(QStringView text, const QStringList& arguments) {
+    QString result;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const qsizetype index = i + 1 < text.size() ? text[i + 1].digitValue() - 1 : -1;
+        if (text[i] == u'%' && index >= 0 && index < arguments.size()) {
+            result += arguments[index];
+            ++i;
+        } else {
+            result += text[i];
+        }
+    }
+    return result;
+}
+
 } // namespace mervak
