@@ -43,7 +43,10 @@ int main(int argc, char** argv) {
         print(stdout, QStringLiteral("mervak " MERVAK_VERSION "\n"));
         return 0;
     }
-    QApplication app(argc, argv);
+    // Qt would take "--platform NAME" as its own plugin's name: it sees none of
+    // Mervak's options (the parser above refuses Qt's).
+    int qtArgc = 1;
+    QApplication app(qtArgc, argv);
     QApplication::setApplicationName(QStringLiteral("Mervak"));
     QApplication::setApplicationVersion(QStringLiteral(MERVAK_VERSION));
     QDir().mkpath(home);

@@ -28,9 +28,13 @@ stop_sway() {
   rm -rf "$work"
 }
 
+# With "xwayland", X11 programs get an XWayland display, exported as DISPLAY.
+#   start_sway [xwayland]
 start_sway() {
+  local xwayland=disable
+  [ "${1:-}" = xwayland ] && xwayland=enable
   cat >"$work/config" <<CONFIG
-xwayland disable
+xwayland $xwayland
 default_border none
 focus_follows_mouse no
 CONFIG
@@ -49,6 +53,16 @@ CONFIG
   fi
   export SWAYSOCK WAYLAND_DISPLAY="$runtime/wayland-1"
   unset DISPLAY XDG_SESSION_TYPE
+  [ "$xwayland" = enable ] || return 0
+  # sway names the display in its programs' environment.
+  swaymsg -q "exec echo \$DISPLAY >$out/display"
+  for _ in $(seq 100); do
+    [ -s "$out/display" ] && break
+    sleep 0.05
+  done
+  DISPLAY=$(cat "$out/display" 2>/dev/null)
+  [ -n "$DISPLAY" ] || { echo "FAIL: sway has no XWayland display"; cat "$work/sway.log"; exit 1; }
+  export DISPLAY
 }
 
 # Opens a foot titled TITLE whose terminal is raw (every byte as it comes, no
