@@ -99,6 +99,10 @@ void VirtualTablet::setTemplateName(const QString& name, Language language) {
 }
 
 void VirtualTablet::setFullScreenOn(QScreen* screen) {
+    // Filling a screen, it can be neither moved nor resized.
+    for (WindowGrip* grip : {moveBar_, corner_})
+        if (grip != nullptr)
+            grip->setVisible(screen == nullptr);
     if (!screen) {
         showNormal();
         if (!windowedPlace_.isNull()) {
