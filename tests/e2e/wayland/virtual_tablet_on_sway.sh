@@ -127,17 +127,22 @@ click $((X + WIDTH / 4)) $((Y + HEIGHT / 3))
 expect_file typed.txt "$line"$'\r' 10 "the tablet's Area" "$seen"
 focused '^mervak-pupil$' || fail "foot lost the keyboard focus"
 
-# Dragged by its bar, it opens there at the next start.
-wanted="$((X - 140)),$((Y - 80))"
+# Dragged by its bar, it opens there at the next start, as big as it was; its
+# place is kept once it stays put, even though Mervak does not close properly.
+wanted="$((X - 140)),$((Y - 80)),$WIDTH,$HEIGHT"
 drag_bar -140 -80
 for _ in $(seq 40); do
   tablet_place
-  [ "$X,$Y" = "$wanted" ] && break
+  [ "$X,$Y,$WIDTH,$HEIGHT" = "$wanted" ] && break
   sleep 0.05
 done
-[ "$X,$Y" = "$wanted" ] || fail "the tablet dragged to $wanted is at $X,$Y"
+[ "$X,$Y,$WIDTH,$HEIGHT" = "$wanted" ] || fail "the tablet dragged to $wanted is at $X,$Y"
+for _ in $(seq 100); do
+  grep -q "^TeclatAuxiliar=${wanted//,/ }" "$work/home/MERVAK.INI" 2>/dev/null && break
+  sleep 0.05
+done
 stop_mervak
 start_mervak_with_tablet
 tablet_place
-[ "$X,$Y" = "$wanted" ] || fail "the tablet came back at $X,$Y, not $wanted"
+[ "$X,$Y,$WIDTH,$HEIGHT" = "$wanted" ] || fail "the tablet came back at $X,$Y,$WIDTH,$HEIGHT, not $wanted"
 echo "PASS: an Area typed into foot, which kept the keyboard; the tablet came back at $wanted"
