@@ -18,6 +18,7 @@ packages=(
   ccache qt6-svg-dev libzip-dev fonts-sil-andika tesseract-ocr tesseract-ocr-cat tesseract-ocr-spa
   libclang-rt-14-dev
   libwayland-dev wayland-protocols sway foot wtype dbus
+  xwayland jq
 )
 
 # The symbol library comes from npm, at exact versions checked against committed integrities.

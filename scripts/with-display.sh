@@ -12,6 +12,8 @@ xvfb=$!
 read -r number <"$fifo"
 rm -f "$fifo"
 export DISPLAY=":$number"
+# A plain X11 session, even when started from a Wayland desktop.
+unset WAYLAND_DISPLAY XDG_SESSION_TYPE
 openbox >/tmp/mervak-openbox.log 2>&1 &
 wm=$!
 cleanup() { kill "$wm" "$xvfb" 2>/dev/null || true; wait 2>/dev/null || true; }

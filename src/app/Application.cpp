@@ -65,6 +65,14 @@ std::unique_ptr<PlatformBackends> connectBackends(const QString& homeFolder,
     return PlatformBackends::create(options);
 }
 
+// On a Wayland desktop Mervak's windows are X11 windows shown through XWayland
+// (main() asks for it); there the virtual tablet frames itself.
+VirtualTablet::Frame tabletFrame() {
+    const bool throughXWayland = QGuiApplication::platformName() == QLatin1String("xcb") &&
+                                 !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    return throughXWayland ? VirtualTablet::Frame::Own : VirtualTablet::Frame::WindowManager;
+}
+
 } // namespace
 
 Application::Application(const QStringList& arguments, const QString& homeFolder, bool locked,
@@ -77,7 +85,9 @@ Application::Application(const QStringList& arguments, const QString& homeFolder
       soundSwitch_(sound_, speech_, [this] { return session_.tmpl.SoundActive != 0; }),
       recovery_(homeFolder),
       targetTracker_(windows_, [this](WindowId window) { return isOwnWindow(window); }),
-      reader_(speechEngine_) {
+      virtualTablet_(tabletFrame()), reader_(speechEngine_) {
+    if (tabletFrame() == VirtualTablet::Frame::Own)
+        tabletKeeper_ = std::make_unique<X11TopKeeper>();
     const ActionPlatform platform{keyboard_,    windows_,     pointer_, clipboard_, launcher_,
                                   soundSwitch_, soundSwitch_, clock_,   registry_};
     runner_ = std::make_unique<ActionRunner>(
@@ -264,10 +274,14 @@ void Application::wireWindow() {
             &PressDispatcher::setVirtualPress);
     connect(&virtualTablet_, &VirtualTablet::visibilityChanged, this, [this](bool shown) {
         tablet_->setVirtualTabletShown(shown);
+        if (tabletKeeper_)
+            tabletKeeper_->keep(shown ? virtualTablet_.winId() : 0);
         window_.setVirtualTabletChecked(shown);
         if (!shown)
             keepVirtualTabletPlace();
     });
+    connect(&virtualTablet_, &VirtualTablet::placeChosen, this,
+            &Application::keepVirtualTabletPlace);
     connect(dispatcher_.get(), &PressDispatcher::virtualPressPending, &virtualTablet_,
             &VirtualTablet::showBusy);
     connect(dispatcher_.get(), &PressDispatcher::refocusTargetRequested, this, [this] {

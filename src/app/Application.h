@@ -30,6 +30,7 @@
 #include "platform/qt/QtProgramLauncher.h"
 #include "platform/qt/SystemClock.h"
 #include "platform/x11/X11SwitchGrab.h"
+#include "platform/x11/X11TopKeeper.h"
 #include "session/Session.h"
 
 #include <QObject>
@@ -134,6 +135,8 @@ private:
     QTimer timer2_;
     QTimer layoutReturn_;
     X11SwitchGrab switchGrab_;
+    // Through XWayland only: keeps the virtual tablet above Mervak's other windows.
+    std::unique_ptr<X11TopKeeper> tabletKeeper_;
     std::unique_ptr<ScanningController> scanning_;
 };
 

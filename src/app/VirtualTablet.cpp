@@ -1,5 +1,7 @@
 #include "app/VirtualTablet.h"
 
+#include "app/WindowGrip.h"
+
 #include <QGuiApplication>
 #include <QMenu>
 #include <QScreen>
@@ -18,6 +20,8 @@ constexpr int kVisibleEnough = 80;
 // Room for the window manager's title bar and borders, unknown before the
 // window first shows.
 constexpr int kFrameAllowance = 40;
+// How long the window stays put before its place is kept.
+constexpr int kPlaceSettleMs = 500;
 
 // The window's size for a longest side, in the sheet's shape.
 QSize shaped(int side, QSizeF sheet) {
@@ -53,18 +57,34 @@ QRect defaultPlace(const QRect& screen, const QRect& mainFrame, int headerBottom
     return place;
 }
 
+Qt::WindowFlags windowFlagsFor(VirtualTablet::Frame frame) {
+    const Qt::WindowFlags flags =
+        Qt::Tool | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint;
+    return frame == VirtualTablet::Frame::Own ? flags | Qt::BypassWindowManagerHint : flags;
+}
+
 } // namespace
 
-VirtualTablet::VirtualTablet(QWidget* parent)
-    : QWidget(parent, Qt::Tool | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint),
-      sheet_(new SheetView(this)) {
+VirtualTablet::VirtualTablet(Frame frame, QWidget* parent)
+    : QWidget(parent, windowFlagsFor(frame)), sheet_(new SheetView(this)) {
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::NoFocus);
     sheet_->setFocusPolicy(Qt::NoFocus);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    if (frame == Frame::Own) {
+        moveBar_ = new WindowGrip(WindowGrip::Role::Move, this);
+        corner_ = new WindowGrip(WindowGrip::Role::Resize, this);
+        layout->addWidget(moveBar_);
+    }
     layout->addWidget(sheet_);
     resize(shaped(kSide, {270, 190}));
+    // Kept as soon as the user stops moving it: the computer may be switched off
+    // with the tablet still shown.
+    placeSettling_.setSingleShot(true);
+    placeSettling_.setInterval(kPlaceSettleMs);
+    connect(&placeSettling_, &QTimer::timeout, this, &VirtualTablet::placeChosen);
     connect(sheet_, &SheetView::pressed, this, &VirtualTablet::pressed);
     sheet_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(sheet_, &SheetView::customContextMenuRequested, this, &VirtualTablet::showScreenMenu);
@@ -74,9 +94,15 @@ void VirtualTablet::setTemplateName(const QString& name, Language language) {
     language_ = language;
     setWindowTitle(TranslateCaption(language, QStringLiteral("Tauleta virtual")) +
                    QStringLiteral(" - ") + name);
+    if (moveBar_ != nullptr)
+        moveBar_->update();
 }
 
 void VirtualTablet::setFullScreenOn(QScreen* screen) {
+    // Filling a screen, it can be neither moved nor resized.
+    for (WindowGrip* grip : {moveBar_, corner_})
+        if (grip != nullptr)
+            grip->setVisible(screen == nullptr);
     if (!screen) {
         showNormal();
         if (!windowedPlace_.isNull()) {
@@ -151,6 +177,22 @@ void VirtualTablet::showEvent(QShowEvent* event) {
 void VirtualTablet::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     emit visibilityChanged(false);
+}
+
+void VirtualTablet::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (isVisible())
+        placeSettling_.start();
+    if (corner_ == nullptr)
+        return;
+    corner_->move(width() - corner_->width(), height() - corner_->height());
+    corner_->raise();
+}
+
+void VirtualTablet::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    if (isVisible())
+        placeSettling_.start();
 }
 
 } // namespace mervak

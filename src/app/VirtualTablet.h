@@ -5,15 +5,27 @@
 #include "platform/Language.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 namespace mervak {
+
+class WindowGrip;
 
 // The on-screen tablet: a window showing the current page's sheet that never takes
 // the keyboard focus, so the pupil's program keeps it while the sheet is clicked.
 class VirtualTablet : public QWidget {
     Q_OBJECT
 public:
-    explicit VirtualTablet(QWidget* parent = nullptr);
+    // Who lets the user move and resize the window.
+    enum class Frame {
+        WindowManager,
+        // Its own title bar and corner, the window manager kept out: on a Wayland
+        // desktop the compositor gives the keyboard focus to any window it frames
+        // that is clicked, whatever the window asks.
+        Own,
+    };
+
+    explicit VirtualTablet(Frame frame = Frame::WindowManager, QWidget* parent = nullptr);
 
     SheetView* sheet() const { return sheet_; }
 
@@ -40,17 +52,24 @@ public:
 signals:
     void pressed(QPointF sheetPoint);
     void visibilityChanged(bool visible);
+    // The window moved or changed size, and has stayed so for a moment.
+    void placeChosen();
 
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
 
 private:
     void showScreenMenu(QPoint at);
 
     SheetView* sheet_;
+    WindowGrip* moveBar_ = nullptr; // with its own frame only, as the corner
+    WindowGrip* corner_ = nullptr;
     Language language_ = Language::Catalan;
     QRect windowedPlace_;
+    QTimer placeSettling_;
 };
 
 } // namespace mervak

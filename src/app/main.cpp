@@ -43,7 +43,14 @@ int main(int argc, char** argv) {
         print(stdout, QStringLiteral("mervak " MERVAK_VERSION "\n"));
         return 0;
     }
-    QApplication app(argc, argv);
+    // On a Wayland desktop the windows go through XWayland, where the virtual
+    // tablet can keep out of the keyboard focus and be put back where it was.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    // Qt would take "--platform NAME" as its own plugin's name: it sees none of
+    // Mervak's options (the parser above refuses Qt's).
+    int qtArgc = 1;
+    QApplication app(qtArgc, argv);
     QApplication::setApplicationName(QStringLiteral("Mervak"));
     QApplication::setApplicationVersion(QStringLiteral(MERVAK_VERSION));
     QDir().mkpath(home);

@@ -1,4 +1,5 @@
 #include "X11TestFixture.h"
+#include "platform/x11/X11TopKeeper.h"
 
 #include <X11/Xlib.h>
 
@@ -101,6 +102,41 @@ TEST_F(X11TestFixture, ALostDisplayIsReportedNotFatal) {
     bool flushed = false;
     keyboard_->flush([&flushed] { flushed = true; });
     EXPECT_TRUE(waitFor([&flushed] { return flushed; }));
+}
+
+// The kept window goes back on top whenever another is mapped or raised over it,
+// and stays where it is once no longer kept.
+TEST_F(X11BareServerTest, TheKeptWindowGoesBackOnTop) {
+    Display* display = connection_->display();
+    const Window root = DefaultRootWindow(display);
+    const auto newWindow = [&] {
+        const Window window = XCreateSimpleWindow(display, root, 0, 0, 50, 50, 0, 0, 0);
+        XMapWindow(display, window);
+        XFlush(display);
+        return window;
+    };
+    const auto topmost = [&] {
+        Window unusedRoot = 0;
+        Window unusedParent = 0;
+        Window* children = nullptr;
+        unsigned int count = 0;
+        XQueryTree(display, root, &unusedRoot, &unusedParent, &children, &count);
+        const Window top = count > 0 ? children[count - 1] : 0;
+        XFree(children);
+        return top;
+    };
+    const Window kept = newWindow();
+    X11TopKeeper keeper;
+    keeper.keep(kept);
+    const Window mapped = newWindow();
+    EXPECT_TRUE(waitFor([&] { return topmost() == kept; })) << "after a new window";
+    XRaiseWindow(display, mapped);
+    XFlush(display);
+    EXPECT_TRUE(waitFor([&] { return topmost() == kept; })) << "after a raise";
+    keeper.keep(0);
+    XRaiseWindow(display, mapped);
+    XFlush(display);
+    EXPECT_TRUE(waitFor([&] { return topmost() == mapped; }));
 }
 
 } // namespace

@@ -249,6 +249,8 @@ QByteArray KeymapLayout::text() const {
            "};\n"
            "  interpret Caps_Lock { action = LockMods(modifiers = Lock); };\n"
            "  interpret Any + AnyOf(all) { action = SetMods(modifiers = modMapMods); };\n"
+           // XWayland 22 crashes when an X program reads a keymap without indicators.
+           "  indicator \"Caps Lock\" { whichModState = locked; modifiers = Lock; };\n"
            "};\n"
            "xkb_symbols \"mervak\" {\n" +
            symbols + "  modifier_map Lock { " + keyName(KEY_CAPSLOCK) +

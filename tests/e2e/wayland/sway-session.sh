@@ -28,9 +28,13 @@ stop_sway() {
   rm -rf "$work"
 }
 
+# With "xwayland", X11 programs get an XWayland display, exported as DISPLAY.
+#   start_sway [xwayland]
 start_sway() {
+  local xwayland=disable
+  [ "${1:-}" = xwayland ] && xwayland=enable
   cat >"$work/config" <<CONFIG
-xwayland disable
+xwayland $xwayland
 default_border none
 focus_follows_mouse no
 CONFIG
@@ -49,6 +53,16 @@ CONFIG
   fi
   export SWAYSOCK WAYLAND_DISPLAY="$runtime/wayland-1"
   unset DISPLAY XDG_SESSION_TYPE
+  [ "$xwayland" = enable ] || return 0
+  # sway names the display in its programs' environment.
+  swaymsg -q "exec echo \$DISPLAY >$out/display"
+  for _ in $(seq 100); do
+    [ -s "$out/display" ] && break
+    sleep 0.05
+  done
+  DISPLAY=$(cat "$out/display" 2>/dev/null)
+  [ -n "$DISPLAY" ] || { echo "FAIL: sway has no XWayland display"; cat "$work/sway.log"; exit 1; }
+  export DISPLAY
 }
 
 # Opens a foot titled TITLE whose terminal is raw (every byte as it comes, no
@@ -70,18 +84,19 @@ SCRIPT
   echo "FAIL: foot $1 did not start"; cat "$work/sway.log"; exit 1
 }
 
-# Waits up to SECONDS for FILE to hold exactly EXPECTED (bytes), then a moment
-# more since nothing may follow; on a mismatch says what came, and fails.
-#   expect_file FILE EXPECTED SECONDS NAME
+# Waits up to SECONDS for FILE (from byte FROM on, 0 when not given) to hold
+# exactly EXPECTED (bytes), then a moment more since nothing may follow; on a
+# mismatch says what came, and fails.
+#   expect_file FILE EXPECTED SECONDS NAME [FROM]
 expect_file() {
-  local file="$out/$1"
+  local file="$out/$1" from=$((${5:-0} + 1))
   for _ in $(seq $(($3 * 20))); do
-    [ "$(od -An -c "$file")" = "$(printf '%s' "$2" | od -An -c)" ] && break
+    [ "$(tail -c +$from "$file" | od -An -c)" = "$(printf '%s' "$2" | od -An -c)" ] && break
     sleep 0.05
   done
   sleep 0.3
-  [ "$(od -An -c "$file")" = "$(printf '%s' "$2" | od -An -c)" ] && return
-  echo "FAIL ($4): $1 holds:"; od -c "$file" | head -20
+  [ "$(tail -c +$from "$file" | od -An -c)" = "$(printf '%s' "$2" | od -An -c)" ] && return
+  echo "FAIL ($4): $1 holds:"; tail -c +$from "$file" | od -c | head -20
   echo "expected:"; printf '%s' "$2" | od -c | head -20
   exit 1
 }
