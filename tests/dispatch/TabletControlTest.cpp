@@ -58,7 +58,8 @@ namespace {
 TEST(VistalTabletTest, StartsTheTrackerOrSaysWhyNot) {
     QTemporaryDir home;
     const QString video = home.filePath(QStringLiteral("grey.y4m"));
-    test::writeAll(video, "YUV4MPEG2 W640 H480 F30:1 C420jpeg\nFRAME\n" + QByteArray(460800, 128));
+    test::writeAll(video,
+                   "YUV4MPEG2 W640 H480 F30:1 C420jpeg\nFRAME\n" + QByteArray(460800, '\x80'));
     const struct {
         QString camera;
         bool present;

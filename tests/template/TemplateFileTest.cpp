@@ -146,7 +146,7 @@ TEST_F(FolderTest, SavingIntoAnotherFolderTakesTheImageAndClipsAlong) {
     t.FitxGraf = QStringLiteral("C:\\PLANT\\VELLA\\LAMINA.BMP");
     const char* texts[] = {
         "{|Sona sons\\BELL.WAV}a",
-        "{|Enganxa dibuix.bmp}{|ENGANXA  " /* double blank kept */ "dibuix.bmp }",
+        "{|Enganxa dibuix.bmp}{|ENGANXA  dibuix.bmp }", // the double blank is kept
         "{|Enganxa ../altra/dibuix.bmp}",
         "{|Enganxa text.txt}{|Sona falta.wav}{|Enganxa {|RM }}",
     };
