@@ -58,12 +58,11 @@ QString importBoardWithDialog(QWidget* parent, Language language, const QString&
 }
 
 bool exportBoardReporting(QWidget* parent, Language language, const Template& t,
-                          const QString& path, const QString& templateFolder) {
+                          const QString& path, const PictureFiles& pictures) {
     const QString title = !t.descripcio.isEmpty() ? t.descripcio
                           : t.isUntitled()        ? QFileInfo(path).completeBaseName()
                                            : QFileInfo(t.TemplateFileName).completeBaseName();
-    const BoardFileOutcome outcome =
-        exportBoardFile(t, path, title, PictureFiles{templateFolder, {}});
+    const BoardFileOutcome outcome = exportBoardFile(t, path, title, pictures);
     if (outcome.error) {
         showNotice(parent, language, boardErrorText(language, *outcome.error), true);
         return false;

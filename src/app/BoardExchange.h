@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Language.h"
+#include "sheet/PictureFiles.h"
 #include "template/Template.h"
 
 #include <QString>
@@ -26,6 +27,6 @@ QString importBoardWithDialog(QWidget* parent, Language language, const QString&
 // Exports the Template as the ".obz" `path`, its pictures found from
 // `templateFolder`; says what other programs will not see. False when refused.
 bool exportBoardReporting(QWidget* parent, Language language, const Template& t,
-                          const QString& path, const QString& templateFolder);
+                          const QString& path, const PictureFiles& pictures);
 
 } // namespace mervak

@@ -209,8 +209,10 @@ bool DocumentController::saveWithDialog(bool saveAs) {
                                               QStringLiteral(".obz"));
     if (saveAs && (filter == 2 || package))
         return exportBoardReporting(&window_, context_.session.language(), t, path,
-                                    t.isUntitled() ? context_.session.workingFolder()
-                                                   : QFileInfo(t.TemplateFileName).absolutePath());
+                                    PictureFiles{t.isUntitled()
+                                                     ? context_.session.workingFolder()
+                                                     : QFileInfo(t.TemplateFileName).absolutePath(),
+                                                 symbols_});
     return finishSave(write(path, saveAs));
 }
 

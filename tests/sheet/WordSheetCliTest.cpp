@@ -2,6 +2,7 @@
 #include "template/TemplateFile.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -67,6 +68,10 @@ TEST_F(WordSheetCli, MakesPagesThatPrintEachWordWithItsSymbol) {
         QPoint(int(t.area(1).X0 * perUnitX), int((120 - t.area(1).Y1) * perUnitY)),
         QPoint(int(t.area(1).X1 * perUnitX), int((120 - t.area(1).Y1 + 15) * perUnitY)));
     EXPECT_GT(colourShare(page, firstCellTop), 0.05);
+    // The symbols travel inside a board package for other programs.
+    const test::CliRun exported = run({"export", "animals.mvw", "-o", "animals.obz"});
+    EXPECT_TRUE(QFileInfo::exists(file(QStringLiteral("animals.obz"))));
+    EXPECT_FALSE(exported.err.contains(QStringLiteral("símbol"))) << exported.err.toStdString();
 }
 
 TEST_F(WordSheetCli, SpeaksSpanishAndSaysWhichWordsFoundNoSymbol) {

@@ -1,5 +1,6 @@
 #include "BoardCommands.h"
 #include "CliText.h"
+#include "SheetPictures.h"
 #include "openboard/OpenBoardFile.h"
 #include "template/TemplateFile.h"
 
@@ -26,8 +27,7 @@ int runExportCommand(const QStringList& arguments, CommandContext& c) {
     }
     const QFileInfo file(t.TemplateFileName);
     const QString title = t.descripcio.isEmpty() ? file.completeBaseName() : t.descripcio;
-    const BoardFileOutcome outcome =
-        exportBoardFile(t, line.output, title, PictureFiles{file.absolutePath(), {}});
+    const BoardFileOutcome outcome = exportBoardFile(t, line.output, title, picturesOf(t));
     if (outcome.error) {
         c.err << boardErrorText(language(), *outcome.error) << '\n';
         return kFailure;
