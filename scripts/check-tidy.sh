@@ -4,8 +4,9 @@
 # (build/release by default; configured here when it has no compile_commands.json).
 #
 # Verdicts are kept as the compiler cache keeps objects: a file whose preprocessed
-# text, checks and clang-tidy version are those of a clean run before is clean now,
-# and only the others are checked (half an hour of two cores for the whole tree).
+# text, compiler options, checks and clang-tidy version are those of a clean run
+# before is clean now, and only the others are checked (the whole tree takes half an
+# hour of two cores).
 # MERVAK_TIDY_CACHE names the folder (~/.cache/mervak/tidy); "off" checks every file.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -39,7 +40,7 @@ verdict_key() {
   {
     clang-tidy --version
     cat .clang-tidy tests/.clang-tidy
-    echo "$file"
+    echo "$file" "${arguments[@]}"
     (cd "$build" && "${arguments[@]}" -E -P "$file") 2>&1
   } | sed "s|$PWD|@SOURCE@|g" | sha256sum | cut -d' ' -f1
 }
