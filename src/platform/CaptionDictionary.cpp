@@ -227,32 +227,6 @@ constexpr CaptionPair kCaptions[] = {
      u"El símbolo debe ser un código hexadecimal (1F415): "},
     {u"No es troba la imatge: ", u"No se encuentra la imagen: "},
     {u"El color ha de ser #RRGGBB: ", u"El color debe ser #RRGGBB: "},
-    {u"\n"
-     u"Símbols i làmines:\n"
-     u"  symbols search [--lang ca|es] [--limit N] PARAULES...\n"
-     u"                           els símbols de la biblioteca que trobin les\n"
-     u"                           PARAULES, el millor primer: codi, tabulació, nom\n"
-     u"  sheet --words \"P1 P2 ...\" --rows F --columns C [--lang ca|es] [--nav]\n"
-     u"        -o FITXER.mvw      una plantilla amb una cel·la per paraula\n"
-     u"\n"
-     u"Taulers de comunicació (Open Board Format):\n"
-     u"  import TAULER.obf|TAULER.obz -o FITXER.mvw\n"
-     u"                           fa una plantilla dels taulers, un per pàgina\n"
-     u"  export FITXER.mvw -o TAULER.obz\n"
-     u"                           desa la plantilla com a taulers, un per pàgina\n",
-     u"\n"
-     u"Símbolos y láminas:\n"
-     u"  symbols search [--lang ca|es] [--limit N] PALABRAS...\n"
-     u"                           los símbolos de la biblioteca que encuentren las\n"
-     u"                           PALABRAS, el mejor primero: código, tabulación, nombre\n"
-     u"  sheet --words \"P1 P2 ...\" --rows F --columns C [--lang ca|es] [--nav]\n"
-     u"        -o ARCHIVO.mvw     una plantilla con una celda por palabra\n"
-     u"\n"
-     u"Tableros de comunicación (Open Board Format):\n"
-     u"  import TABLERO.obf|TABLERO.obz -o ARCHIVO.mvw\n"
-     u"                           hace una plantilla de los tableros, uno por página\n"
-     u"  export ARCHIVO.mvw -o TABLERO.obz\n"
-     u"                           guarda la plantilla como tableros, uno por página\n"},
     {u"Àrea ", u"Área "},
     {u"  pàgina ", u"  página "},
     {u"Fitxer: ", u"Archivo: "},

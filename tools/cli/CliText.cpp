@@ -163,7 +163,8 @@ QString generalHelp() {
                "                           els símbols de la biblioteca que trobin les\n"
                "                           PARAULES, el millor primer: codi, tabulació, nom\n"
                "  sheet --words \"P1 P2 ...\" --rows F --columns C [--lang ca|es] [--nav]\n"
-               "        -o FITXER.mvw      una plantilla amb una cel·la per paraula\n"
+               "        -o FITXER.mvw      una plantilla amb una cel·la per paraula\n")) +
+           text(QStringLiteral(
                "\n"
                "Taulers de comunicació (Open Board Format):\n"
                "  import TAULER.obf|TAULER.obz -o FITXER.mvw\n"
